@@ -1,0 +1,39 @@
+# What every target of ours is compiled with. Tests keep exceptions: GoogleTest needs them.
+find_package(PkgConfig REQUIRED)
+
+add_library(router_options INTERFACE)
+target_include_directories(router_options INTERFACE ${CMAKE_SOURCE_DIR}/src)
+target_compile_options(router_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror -fno-omit-frame-pointer)
+target_compile_definitions(router_options INTERFACE _GNU_SOURCE)
+
+add_library(router_program_options INTERFACE)
+target_link_libraries(router_program_options INTERFACE router_options)
+target_compile_options(router_program_options INTERFACE -fno-exceptions -fno-rtti)
+
+if(ROUTER_SANITIZE)
+    target_compile_options(router_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all)
+    target_link_options(router_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+if(ROUTER_HARDEN)
+    set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+    target_compile_options(router_options INTERFACE
+        -fstack-protector-strong -D_FORTIFY_SOURCE=2 -ffunction-sections -fdata-sections)
+    target_link_options(router_options INTERFACE -pie -Wl,-z,relro,-z,now,-z,noexecstack -Wl,--gc-sections)
+endif()
+
+# A floor of the console or of the service: a static library named after its folder.
+function(router_library name)
+    add_library(${name} STATIC ${ARGN})
+    target_link_libraries(${name} PUBLIC router_program_options)
+endfunction()
+
+# tests/<folder>/ becomes <folder>_tests; every case is a ctest entry of its own.
+function(router_tests folder)
+    cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES;PROPERTIES" ${ARGN})
+    add_executable(${folder}_tests ${arg_SOURCES})
+    target_include_directories(${folder}_tests PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+    target_link_libraries(${folder}_tests PRIVATE ${arg_LIBRARIES} router_options GTest::gtest GTest::gtest_main)
+    gtest_discover_tests(${folder}_tests TEST_PREFIX "${folder}." DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120 ${arg_PROPERTIES})
+endfunction()

@@ -1,0 +1,23 @@
+// The one terminal: standard input and output, which the login front end has bound to the operator's line. Nothing is
+// interpreted: a caller that wants a new line on a raw terminal writes it. Every writer flushes at once. The terminal
+// number that they take first is accepted for uniformity and not looked at.
+#pragma once
+
+#include <cstdio>
+
+// 1 while the attributes as found are kept aside and the line is in raw key mode.
+extern int ttyRaw;
+
+int save_tty_info();                  // keeps standard input's attributes aside; result of tcgetattr(3)
+int restore_tty_info();               // ttyRaw = 0, the kept attributes back; result of tcsetattr(3); async-signal-safe
+int echo_off(std::FILE* stream);      // clears ECHO
+int set_keypress(std::FILE* stream);  // clears ICANON; VMIN 1, VTIME 0
+
+int get_char(int term);  // a byte, 0 to 255, or EOF; enters raw key mode first when it is not on
+int put_char(int term, int c);
+int prn_msg(int term, const char* text);                                              // bytes written
+int Printf(int term, const char* format, ...) __attribute__((format(printf, 2, 3)));  // bytes written
+
+char* strset(char* s, int c);
+char* strnset(char* s, int c, unsigned n);
+int strnicmp(const char* a, const char* b, unsigned n);  // case-insensitive, at most n characters
