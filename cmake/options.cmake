@@ -17,10 +17,11 @@ if(ROUTER_SANITIZE)
 endif()
 
 if(ROUTER_HARDEN)
-    set(CMAKE_POSITION_INDEPENDENT_CODE ON)
     target_compile_options(router_options INTERFACE
-        -fstack-protector-strong -D_FORTIFY_SOURCE=2 -ffunction-sections -fdata-sections)
-    target_link_options(router_options INTERFACE -pie -Wl,-z,relro,-z,now,-z,noexecstack -Wl,--gc-sections)
+        -fPIE -fstack-protector-strong -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2 -D_GLIBCXX_ASSERTIONS
+        -ffunction-sections -fdata-sections)
+    target_link_options(router_options INTERFACE
+        -pie -Wl,-z,relro,-z,now,-z,noexecstack -Wl,--gc-sections,--as-needed)
 endif()
 
 # A floor of the console or of the service: a static library named after its folder.
