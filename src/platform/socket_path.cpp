@@ -1,0 +1,3 @@
+#include "platform/socket_path.h"
+
+const char kServiceSocket[] = ROUTER_RUNTIME_DIR "/configd.sock";
