@@ -1,0 +1,66 @@
+#include <cstdint>
+#include <gtest/gtest.h>
+#include <string>
+
+#include "values/growable_buffer.h"
+
+namespace {
+class Growing : public testing::Test {
+protected:
+    GrowableBuffer buffer{};
+    ~Growing() override { mem_free(&buffer); }
+    std::string text() const { return {get_Buffer(&buffer), get_Length(&buffer) + 1}; }
+    static std::string ended(std::string text) { return text + '\0'; }
+};
+
+TEST_F(Growing, KeepsItsContentAcrossEveryStep)
+{
+    std::string expected;
+    for (int i = 0; i < 700; ++i) {
+        ASSERT_EQ(str_Cat(&buffer, "abc"), 0);
+        expected += "abc";
+        ASSERT_EQ(text(), ended(expected));
+        ASSERT_GT(buffer.capacity, buffer.length);
+        ASSERT_EQ(buffer.capacity % 1024, 0u);
+    }
+}
+
+TEST_F(Growing, TakesItsOwnTextAsSource)
+{
+    str_Copy(&buffer, std::string(600, 'x').c_str());
+    ASSERT_EQ(str_Cat(&buffer, get_Buffer(&buffer)), 0);
+    ASSERT_EQ(str_Cat_str(&buffer, &buffer), 0);
+    EXPECT_EQ(text(), ended(std::string(2400, 'x')));
+    ASSERT_EQ(str_Copy(&buffer, get_Buffer(&buffer) + 2390), 0);
+    EXPECT_EQ(text(), ended(std::string(10, 'x')));
+}
+
+TEST_F(Growing, PadsWithBlanks)
+{
+    str_CatX(&buffer, "name", 7);
+    str_CatX(&buffer, "longer", 3);
+    bin_Cat(&buffer, "\0|", 2);
+    EXPECT_EQ(text(), ended(std::string("name   longer\0|", 15)));
+    bin_Copy(&buffer, "b", 1);
+    EXPECT_EQ(text(), ended("b"));
+}
+
+TEST_F(Growing, StaysAsItWasWithoutMemory)
+{
+    str_Copy(&buffer, "kept");
+    EXPECT_NE(str_CatX(&buffer, "x", SIZE_MAX), 0);
+    EXPECT_EQ(alloc_mem(&buffer, SIZE_MAX), nullptr);
+    EXPECT_EQ(text(), ended("kept"));
+}
+
+TEST_F(Growing, IsEmptyAgainAfterItsStorageWent)
+{
+    EXPECT_EQ(get_Buffer(&buffer), nullptr);
+    str_Copy(&buffer, "old");
+    alloc_mem(&buffer, 1024);
+    EXPECT_EQ(text(), ended(""));
+    EXPECT_EQ(get_Length(mem_free(&buffer)), 0u);
+    str_Cat(&buffer, "new");
+    EXPECT_EQ(text(), ended("new"));
+}
+}  // namespace
