@@ -1,9 +1,9 @@
 // The session slots and what belongs to them. Only slot 0 is ever served by the key loop.
 #pragma once
 
-#include "values/parm_list.h"
-
 #include <cstdint>
+
+#include "values/parm_list.h"
 
 struct EditContext;  // cli/edit_context.h
 

@@ -1,14 +1,44 @@
 #include "console/terminal.h"
 
+#include <cerrno>
 #include <cstdarg>
+#include <iterator>
 #include <termios.h>
 #include <unistd.h>
 
 int ttyRaw;
 
-namespace
-{
+namespace {
 termios savedTty;
+
+// The keys that a session takes away from the line, and what they were.
+constexpr int kSessionKeys[] = {VSTOP, VINTR, VQUIT};
+bool keysTaken;
+cc_t keysDisabled;
+cc_t keysFound[std::size(kSessionKeys)];
+
+void set_keys(termios& attributes, const cc_t (&keys)[std::size(kSessionKeys)])
+{
+    for (std::size_t i = 0; i < std::size(kSessionKeys); ++i) attributes.c_cc[kSessionKeys[i]] = keys[i];
+}
+
+// A signal that was handled in the middle of a read is no end of the input.
+bool interrupted()
+{
+    if (!std::ferror(stdin) || errno != EINTR) return false;
+    std::clearerr(stdin);
+    return true;
+}
+
+// After a restore gave them back; nothing is written while they are still ours.
+void retake_keys()
+{
+    termios attributes;
+    if (tcgetattr(STDIN_FILENO, &attributes) != 0) return;
+    if (attributes.c_cc[VSTOP] == keysDisabled && attributes.c_cc[VINTR] == keysDisabled) return;
+    take_keys(attributes, keysDisabled);
+    tcsetattr(STDIN_FILENO, TCSANOW, &attributes);
+}
 
 char upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 }  // namespace
@@ -17,7 +47,9 @@ int save_tty_info()
 {
     termios found;
     const int result = tcgetattr(STDIN_FILENO, &found);
-    if (result == 0) savedTty = found;  // a failed read leaves the attributes kept earlier
+    if (result != 0) return result;  // the attributes kept earlier stay
+    if (keysTaken) set_keys(found, keysFound);
+    savedTty = found;
     return result;
 }
 
@@ -45,15 +77,30 @@ int set_keypress(std::FILE* stream)
     return tcsetattr(fileno(stream), TCSANOW, &attributes);
 }
 
+void take_keys(termios& attributes, unsigned char disabled)
+{
+    if (!keysTaken)
+        for (std::size_t i = 0; i < std::size(kSessionKeys); ++i) keysFound[i] = attributes.c_cc[kSessionKeys[i]];
+    keysTaken = true;
+    keysDisabled = disabled;
+    for (const int key : kSessionKeys) attributes.c_cc[key] = disabled;
+}
+
 int get_char(int)
 {
     if (!ttyRaw) {
         save_tty_info();
         echo_off(stdin);
         set_keypress(stdin);
+        if (keysTaken) retake_keys();
         ttyRaw = 1;
     }
-    return std::getc(stdin);
+    int c;
+    do {
+        errno = 0;
+        c = std::getc(stdin);
+    } while (c == EOF && interrupted());
+    return c;
 }
 
 int put_char(int, int c)

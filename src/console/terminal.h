@@ -8,8 +8,14 @@
 // 1 while the attributes as found are kept aside and the line is in raw key mode.
 extern int ttyRaw;
 
-int save_tty_info();                  // keeps standard input's attributes aside; result of tcgetattr(3)
-int restore_tty_info();               // ttyRaw = 0, the kept attributes back; result of tcsetattr(3); async-signal-safe
+int save_tty_info();     // keeps standard input's attributes aside; result of tcgetattr(3)
+int restore_tty_info();  // ttyRaw = 0, the kept attributes back; result of tcsetattr(3); async-signal-safe
+// Takes away the line's keys that would stop output or become signals (VSTOP, VINTR, VQUIT) by giving them the value
+// `disabled` in `attributes`, which the caller writes back. From then on restore_tty_info gives them back as they were
+// found, and raw key mode takes them again.
+struct termios;
+void take_keys(termios& attributes, unsigned char disabled);
+
 int echo_off(std::FILE* stream);      // clears ECHO
 int set_keypress(std::FILE* stream);  // clears ICANON; VMIN 1, VTIME 0
 
