@@ -1,13 +1,13 @@
 // The vocabulary of the console: keywords, parameter types, command rows, and what each command runs. The rows stand in
-// keyword_table.cpp, parm_table.cpp, command_table.cpp and (on the handlers' floor) commands/dispatch_table.cpp.
+// keyword_rows.h, parm_table.cpp, command_rows.h and (on the handlers' floor) commands/dispatch_table.cpp.
 #pragma once
-
-#include "console/session.h"
-#include "values/parm_list.h"
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
+
+#include "console/session.h"
+#include "values/parm_list.h"
 
 enum class Token : std::uint16_t;  // cli/token.h; one number space for keywords and parameter types
 
@@ -35,13 +35,16 @@ struct CliCmdDispRow {
     Action action;  // null: a command without an action of its own
 };
 
+// The keyword and command tables stand sorted from the beginning, with minLength filled.
 extern std::array<CliKeywordRow, 110> gCliKeywordTable;
 extern const std::array<CliParmRow, 41> gCliParmTable;
 extern std::array<CliCmdRow, 141> gCliCmdTable;
 extern const std::array<CliCmdDispRow, 170> gCliCmdDispTable;
 
-// Sorts the keyword table by text in place, up to its end record, fills minLength, stores the number of records before
-// the end record less one.
+inline const CliCmdRow& command_row(std::int32_t index) { return gCliCmdTable[static_cast<std::size_t>(index)]; }
+
+// Sorts the keyword table by text in place, up to its end record, raises minLength where it is too small, stores the
+// number of records before the end record less one.
 void CliInitKeyword(CliKeywordRow* table, std::uint32_t* countOut);
 
 // Sorts the command table in place, ordinary commands before engineering ones, each block in token order; stores how

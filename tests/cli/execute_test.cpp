@@ -1,0 +1,122 @@
+#include <gtest/gtest.h>
+#include <vector>
+
+#include "cli/execute.h"
+#include "support/typing_session.h"
+
+namespace {
+constexpr std::uint32_t kShowSystem = 100, kSetSystemName = 70;
+const std::string kPrompt = "Command> ";
+
+struct Case {
+    const char* name;
+    std::uint32_t editMode;
+    const char* keys;  // the last of them Enter
+    std::string output;
+    std::uint32_t ran;  // command, 0: none
+};
+void PrintTo(const Case& c, std::ostream* out) { *out << c.name; }
+
+const std::string kIncomplete = "\n Error: Incomplete command, use \"?\" to get help\a\nCommand> ";
+
+// clang-format off
+const Case kCases[] = {
+    {"Runs",                     kSmartEdit,  "show system<enter>",   "show system\nran\nCommand> ", kShowSystem},
+    {"RunsBehindABlank",         kSmartEdit,  "sh syst <enter>",      "show system \nran\nCommand> ", kShowSystem},
+    {"RunsInNormalMode",         kNormalEdit, "SH syst<enter>",       "SH syst\nran\nCommand> ",     kShowSystem},
+    {"EmptyLine",                kSmartEdit,  "<enter>",              "\nCommand> ",                 0},
+    {"EmptyLineInNormalMode",    kNormalEdit, "<enter>",              "\nCommand> ",                 0},
+    {"Blanks",                   kSmartEdit,  "  <enter>",            "  \nCommand> ",               0},
+    {"BlanksInNormalMode",       kNormalEdit, "  <enter>",            "  \nCommand> ",               0},
+    {"RefusedLineStays",         kSmartEdit,  "show<enter>",          "show" + kIncomplete + "show", 0},
+    {"RefusedBehindABlank",      kSmartEdit,  "show <enter>",         "show " + kIncomplete + "show ", 0},
+    {"RefusedLineCanBeFinished", kSmartEdit,  "show<enter> system<enter>",
+                                              "show" + kIncomplete + "show system\nran\nCommand> ", kShowSystem},
+    {"RefusedLineIsLostInNormalMode", kNormalEdit, "show<enter>sh<enter>", "show" + kIncomplete + "sh" + kIncomplete, 0},
+    {"ExtraWord",                kNormalEdit, "save config now<enter>",
+        "save config now\n Error: \"now\" and following input is/are extra in this command.\a\nCommand> ", 0},
+    {"ExtraWordInSmartMode",     kSmartEdit,  "save config now<enter>",
+        "save config now\n Error: \"now\" and following input is/are extra in this command.\a\nCommand> save config now", 0},
+    {"NotDispatched",            kSmartEdit,  "show rip<enter>",
+        "show rip\nCommand dispatch entry not found\nCommand> ", 0},
+};
+// clang-format on
+
+class Execute : public testing::TestWithParam<Case> {};
+TEST_P(Execute, RunsTheCommandOrSaysWhyNot)
+{
+    std::uint32_t ran = 0;
+    TypingSession session(GetParam().editMode);
+    session.action = [&ran](ActionBlock& call) {
+        ran = call.cmdId;
+        std::printf("ran\n");
+    };
+    EXPECT_EQ(session.type(GetParam().keys), GetParam().output);
+    EXPECT_EQ(ran, GetParam().ran);
+}
+INSTANTIATE_TEST_SUITE_P(Lines, Execute, testing::ValuesIn(kCases), [](const auto& c) { return c.param.name; });
+
+TEST(ExecuteParameters, QuotedTextRefusedOnceArrivesWhole)
+{
+    for (const std::uint32_t mode : {kSmartEdit, kNormalEdit}) {
+        TypingSession session(mode);
+        std::string name;
+        session.action = [&name](ActionBlock& call) {
+            EXPECT_EQ(call.cmdId, kSetSystemName);
+            ASSERT_EQ(call.parms.count, 1u);
+            name = reinterpret_cast<const char*>(call.parms.value[0]);
+        };
+        if (mode == kSmartEdit) {
+            session.type("set system name \"lab<enter>");
+            EXPECT_EQ(session.type(" ap\"<enter>"), " ap\"\nCommand> ");
+        } else {
+            session.type("set system name \"lab ap\"<enter>");
+        }
+        EXPECT_EQ(name, "lab ap");
+        EXPECT_EQ(session.slot.call.parms.count, 0u);
+    }
+}
+
+TEST(ExecuteHistory, HoldsRefusedLinesAndNoEmptyOnes)
+{
+    TypingSession session(kNormalEdit);
+    session.type("xyz<enter><enter><ctrl-p>");
+    EXPECT_EQ(session.line(), "xyz");
+    EXPECT_EQ(session.edit.history.head, 1u);
+}
+
+TEST(ExecuteModes, CtrlETogglesThePromptAndKeepsTheLine)
+{
+    TypingSession session;
+    session.type("sh");
+    EXPECT_EQ(session.type("<ctrl-e>"), "\a\n You have switched to Advanced prompt mode\nCommand>>> sh");
+    EXPECT_EQ(session.type("<ctrl-e>"), "\a\n You have switched to Express prompt mode\nCommand> sh");
+    EXPECT_EQ(session.type(" "), "ow ");
+
+    TypingSession normal(kNormalEdit);
+    normal.type("ab<left>");
+    EXPECT_EQ(normal.type("<ctrl-e>"), "\a\n You have switched to Advanced prompt mode\nCommand>>> ab\b");
+}
+
+TEST(ExecuteLogout, EndsTheSessionAndTouchesNothingMore)
+{
+    TypingSession session;
+    EXPECT_EQ(session.type("logout<enter>"), "logout\n");
+    EXPECT_TRUE(session.loggedOut);
+    EXPECT_EQ(session.line(), "logout");
+}
+
+TEST(ExecuteDialogue, TakesTheNextLineAndKeepsTheParameters)
+{
+    TypingSession session;
+    std::vector<std::string> texts;
+    session.action = [&texts](ActionBlock& call) {
+        texts.emplace_back(reinterpret_cast<const char*>(call.parms.value[0]));
+        if (call.stage != 0) texts.emplace_back(reinterpret_cast<const char*>(call.parms.value[call.parms.count]));
+        call.stage = call.stage == 0 ? 130 : 0;
+    };
+    EXPECT_EQ(session.type("set system name lab<enter>"), "set system name lab\n") << "no prompt: the action asks";
+    EXPECT_EQ(session.type("yes<enter>"), "yes\nCommand> ");
+    EXPECT_EQ(texts, (std::vector<std::string>{"lab", "lab", "yes"}));
+}
+}  // namespace
