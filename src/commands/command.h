@@ -1,0 +1,13 @@
+// What the handlers share: reaching a command's parameters, and the answer of a failed request.
+#pragma once
+
+#include "commands/handlers.h"
+#include "service/client.h"
+
+#include <cstdint>
+
+// The text of the parameter at `index`.
+inline const char* text_parm(const ActionBlock& call, Word index)
+{
+    return reinterpret_cast<const char*>(call.parms.value[index]);
+}

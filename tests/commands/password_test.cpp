@@ -1,0 +1,147 @@
+#include <algorithm>
+#include <cstring>
+#include <gtest/gtest.h>
+#include <string>
+
+#include "commands/password.h"
+#include "commands/service_stand_in.h"
+#include "platform/ipc_client.h"
+#include "service/client.h"
+#include "service/fields/password.h"
+
+namespace {
+constexpr std::uint32_t kAskCurrent = 0x8003, kAskNew = 0x8001, kAskConfirmation = 0x8002;
+constexpr char kRefused[] = " Error: Passwords are 6 - 15 characters\a\n";
+constexpr char kDiffers[] = " Error: The new and confirmed passwords do not match.\a\n";
+constexpr char kCurrentQuestion[] = " please enter old password: ";
+constexpr char kNewQuestion[] = " please enter new password: ";
+constexpr char kConfirmationQuestion[] = " please re-enter new password: ";
+
+// The service: one password, which 11 compares and 301 replaces.
+class ChangePassword : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        service_stand_in::reset([this](ComParam& record, std::string&) {
+            if (exchange) return exchange;
+            const bool right = password_record::password.get(record) == password;
+            if (right && record::code.get(record) == code::kChangePassword)
+                password = password_record::newPassword.get(record);
+            record::status.set(record, right ? changeStatus : std::uint32_t{kStatusWrongPassword});
+            if (record::code.get(record) == code::kCheckPassword && right) record::status.set(record, 0);
+            return std::uint32_t{0};
+        });
+        std::memset(&usrComParam, 0, sizeof usrComParam);
+        forget_passwords();
+    }
+
+    // The command as entered, without an answer.
+    std::string enter()
+    {
+        call = {};
+        testing::internal::CaptureStdout();
+        CliChangePassword(call, 0);
+        return testing::internal::GetCapturedStdout();
+    }
+
+    std::string answer(std::string text)
+    {
+        call.parms.value[call.parms.count] = reinterpret_cast<Word>(text.data());
+        testing::internal::CaptureStdout();
+        CliChangePassword(call, 0);
+        return testing::internal::GetCapturedStdout();
+    }
+
+    static bool nothing_is_remembered()
+    {
+        const auto zero = [](auto byte) { return byte == 0; };
+        const unsigned char* from = usrComParam.bytes + password_record::password.at.offset;
+        const unsigned char* to = usrComParam.bytes + password_record::newPassword.at.end();
+        return std::ranges::all_of(g_chPWD, zero) && std::ranges::all_of(g_chNewPWD, zero) &&
+               std::all_of(from, to, zero);
+    }
+
+    std::string password = "admin";
+    std::uint32_t exchange = 0, changeStatus = 0;
+    ActionBlock call{};
+};
+
+TEST_F(ChangePassword, ChangesItAndForgetsBoth)
+{
+    EXPECT_EQ(enter(), kCurrentQuestion);
+    EXPECT_EQ(call.stage, kAskCurrent);
+    EXPECT_EQ(answer("admin"), kNewQuestion);
+    EXPECT_EQ(call.stage, kAskNew);
+    EXPECT_EQ(answer("fifteen-letters"), kConfirmationQuestion);
+    EXPECT_EQ(call.stage, kAskConfirmation);
+    EXPECT_EQ(answer("fifteen-letters"), " Password has been successfully changed\n");
+    EXPECT_EQ(call.stage, 0u);
+
+    EXPECT_EQ(password, "fifteen-letters");
+    EXPECT_EQ(service_stand_in::codes_sent(),
+              (std::vector<std::uint16_t>{code::kCheckPassword, code::kChangePassword}));
+    EXPECT_TRUE(nothing_is_remembered());
+    EXPECT_EQ(service_stand_in::unreleased(), 0);
+}
+
+TEST_F(ChangePassword, AsksAgainForAWrongCurrentPasswordWithoutAWord)
+{
+    enter();
+    EXPECT_EQ(answer("nimda"), kCurrentQuestion);
+    EXPECT_EQ(answer("sixteen-letters!"), std::string(kRefused) + kCurrentQuestion);
+    EXPECT_EQ(service_stand_in::codes_sent().size(), 1u) << "what is too long is not sent";
+    EXPECT_EQ(call.stage, kAskCurrent);
+    EXPECT_EQ(call.parms.count, 0u);
+    EXPECT_TRUE(nothing_is_remembered());
+    EXPECT_EQ(answer("admin"), kNewQuestion);
+}
+
+TEST_F(ChangePassword, KeepsTheConfirmationQuestionSilentAfterARefusal)
+{
+    enter();
+    answer("admin");
+    EXPECT_EQ(answer("sixteen-letters!"), std::string(kRefused) + kNewQuestion);
+    answer("abcdefgh");
+    EXPECT_EQ(answer("abcdefgX"), kDiffers);
+    EXPECT_EQ(answer("abcdefghi"), kDiffers);
+    EXPECT_EQ(answer("sixteen-letters!"), kRefused);
+    EXPECT_EQ(call.stage, kAskConfirmation);
+    EXPECT_EQ(password, "admin");
+}
+
+TEST_F(ChangePassword, TakesALeadingPartAsConfirmation)
+{
+    enter();
+    answer("admin");
+    answer("abcdefgh");
+    answer("abcdef");
+    EXPECT_EQ(password, "abcdefgh");
+}
+
+TEST_F(ChangePassword, ReportsWhatTheServiceSays)
+{
+    enter();
+    answer("admin");
+    answer("newpassword");
+    changeStatus = kStatusPasswordRefused;
+    EXPECT_EQ(answer("newpassword"), "\aThe new password is not acceptable\n");
+    EXPECT_EQ(call.stage, 0u);
+    EXPECT_TRUE(nothing_is_remembered());
+}
+
+TEST_F(ChangePassword, TreatsAServiceThatIsNotThereAsAWrongPassword)
+{
+    exchange = IPC_NOT_RUNNING;
+    enter();
+    EXPECT_EQ(answer("admin"), kCurrentQuestion);
+    EXPECT_TRUE(nothing_is_remembered());
+    EXPECT_EQ(check_password(0, "admin"), 0);
+}
+
+TEST(PasswordChecksum, IsTheUnreflectedCrcThatEndsUninverted)
+{
+    EXPECT_EQ(encrypt_passwd(""), 0xFFFFFFFFu);
+    EXPECT_EQ(encrypt_passwd("123456789"), 0x0376E6E7u);
+    EXPECT_EQ(encrypt_passwd("\xff\x80"), 0x2704A05Au);  // bytes above 127 count as bytes
+}
+}  // namespace
