@@ -1,0 +1,94 @@
+#include <cstring>
+#include <gtest/gtest.h>
+#include <string>
+#include <unistd.h>
+#include <vector>
+
+#include "login/process_title.h"
+
+namespace {
+// Arguments and environment end to end in one block, as the system lays them out for a new process; a guard behind it.
+class ProcessTitle : public testing::Test {
+protected:
+    void lay_out(const std::vector<std::string>& arguments, const std::vector<std::string>& variables)
+    {
+        std::size_t size = 0;
+        for (const auto& text : arguments) size += text.size() + 1;
+        for (const auto& text : variables) size += text.size() + 1;
+        size_ = size;
+        block_.assign(size + 1, '~');
+        char* next = block_.data();
+        const auto add = [&](std::vector<char*>& vector, const std::string& text) {
+            vector.push_back(static_cast<char*>(std::memcpy(next, text.c_str(), text.size() + 1)));
+            next += text.size() + 1;
+        };
+        for (const auto& text : arguments) add(argv_, text);
+        for (const auto& text : variables) add(environment_, text);
+        argv_.push_back(nullptr);
+        environment_.push_back(nullptr);
+        environ = environment_.data();
+    }
+    void TearDown() override
+    {
+        environ = before_;
+        EXPECT_EQ(block_.back(), '~');
+    }
+
+    char** before_ = environ;
+    std::vector<char> block_;
+    std::size_t size_ = 0;
+    std::vector<char*> argv_, environment_;
+};
+
+TEST_F(ProcessTitle, TakesTheSpaceOfArgumentsAndEnvironment)
+{
+    lay_out({"login", "-p"}, {"TERM=vt100", "HOME=/root"});
+    initproctitle(2, argv_.data());
+    setproctitle("login", "root");
+
+    EXPECT_STREQ(argv_[0], "login -- root");
+    EXPECT_EQ(argv_[1], nullptr);
+    EXPECT_EQ(std::string(block_.data() + 13, size_ - 13), std::string(size_ - 13, '\0'));
+    EXPECT_STREQ(environ[0], "TERM=vt100") << "the environment has moved away";
+    EXPECT_STREQ(environ[1], "HOME=/root");
+    EXPECT_EQ(environ[2], nullptr);
+}
+
+TEST_F(ProcessTitle, IsCutToTheSpaceLessTwo)
+{
+    lay_out({"login"}, {"A=b"});  // ten bytes
+    initproctitle(1, argv_.data());
+    setproctitle("login", "root");
+    EXPECT_STREQ(argv_[0], "login --");
+}
+
+TEST_F(ProcessTitle, WithoutAnEnvironmentHasTheArgumentsOnly)
+{
+    lay_out({"login", "-p"}, {});
+    initproctitle(2, argv_.data());
+    setproctitle("login", "root");
+    EXPECT_STREQ(argv_[0], "login -");
+}
+
+TEST_F(ProcessTitle, LeavesAVariableSetLaterAlone)
+{
+    char elsewhere[] = "LATER=untouched";
+    lay_out({"login"}, {"A=b"});
+    environment_.insert(environment_.end() - 1, elsewhere);
+    environ = environment_.data();
+    initproctitle(1, argv_.data());
+    setproctitle("login", "root");
+    EXPECT_STREQ(elsewhere, "LATER=untouched");
+    EXPECT_STREQ(environ[1], "LATER=untouched");
+}
+
+TEST_F(ProcessTitle, TooLongTextChangesNothing)
+{
+    lay_out({"login"}, {"A=" + std::string(4000, 'x')});
+    initproctitle(1, argv_.data());
+    setproctitle("login", std::string(2048 - 5 - 5 + 1, 'u').c_str());
+    EXPECT_STREQ(argv_[0], "login");
+    setproctitle("login", std::string(2048 - 5 - 5, 'u').c_str());
+    EXPECT_EQ(std::strlen(argv_[0]), 2047u);
+}
+}  // namespace
