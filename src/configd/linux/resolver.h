@@ -1,0 +1,12 @@
+// The name servers that the machine asks.
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+namespace device {
+inline constexpr const char* kResolverFile = "/etc/resolv.conf";
+
+// The first two IPv4 name servers of the file, host order; 0 where there is none or no file.
+std::array<std::uint32_t, 2> read_name_servers(const char* path);
+}  // namespace device

@@ -1,0 +1,115 @@
+// The files of other programs: name servers and leases, whatever may stand in them.
+#include <cerrno>
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <ostream>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "configd/linux/leases.h"
+#include "configd/linux/resolver.h"
+#include "configd/linux/temporary_file.h"
+
+namespace {
+constexpr std::uint32_t kFirst = 0xC0A80101, kSecond = 0x08080808;  // 192.168.1.1, 8.8.8.8
+
+struct ResolverCase {
+    const char* name;
+    std::string text;
+    std::uint32_t primary, secondary;
+};
+void PrintTo(const ResolverCase& c, std::ostream* out) { *out << c.name; }
+const ResolverCase kResolverCases[] = {
+    {"Two", "nameserver 192.168.1.1\nnameserver 8.8.8.8\nnameserver 9.9.9.9\n", kFirst, kSecond},
+    {"OneWithoutLineEnd", "nameserver 192.168.1.1", kFirst, 0},
+    {"CommentsAndOtherLines", "# nameserver 1.1.1.1\nsearch lan\n;x\nnameserver\t192.168.1.1 # here\n", kFirst, 0},
+    {"Ipv6IsPassedOver", "nameserver fe80::1%eth0\nnameserver 8.8.8.8\n", kSecond, 0},
+    {"CarriageReturns", "nameserver 192.168.1.1\r\nnameserver 8.8.8.8\r\n", kFirst, kSecond},
+    {"NoAddress", "nameserver\nnameserver \nnameserver 1.2.3\nnameserver 1.2.3.4.5\nnameserver 256.1.1.1\n", 0, 0},
+    {"KeywordOnlyBegins", "nameservers 8.8.8.8\nnameserver8.8.8.8\n", 0, 0},
+    {"BinaryBytes", std::string("\0\xff\x80nameserver 1.1.1.1\nnameserver 8.8.8.8\n", 42), kSecond, 0},
+    {"HugeWord", "nameserver " + std::string(100000, '8'), 0, 0},
+    {"Empty", "", 0, 0},
+};
+class NameServers : public testing::TestWithParam<ResolverCase> {};
+TEST_P(NameServers, AreTheFirstTwoOfTheFile)
+{
+    const TemporaryFile file(GetParam().text);
+    const auto servers = device::read_name_servers(file.path());
+    EXPECT_EQ(servers[0], GetParam().primary);
+    EXPECT_EQ(servers[1], GetParam().secondary);
+}
+INSTANTIATE_TEST_SUITE_P(Files, NameServers, testing::ValuesIn(kResolverCases),
+                         [](const auto& c) { return c.param.name; });
+
+struct LeaseCase {
+    const char* name;
+    std::string text;
+    std::size_t count;
+    const char* lastHostName;
+};
+void PrintTo(const LeaseCase& c, std::ostream* out) { *out << c.name; }
+const LeaseCase kLeaseCases[] = {
+    {"Two", "1700000000 02:00:5e:00:00:09 192.168.1.10 laptop 01:02\n1700000001 02:00:5E:AA:bb:0A 192.168.1.11 * *\n",
+     2, ""},
+    {"Never", "0 02:00:5e:00:00:09 192.168.1.10 printer *\n", 1, "printer"},
+    {"Ipv6Part", "0 02:00:5e:00:00:09 192.168.1.10 tv *\nduid 00:01:00\n1700000000 12345 fd00::10 tv 00:01:00\n", 1,
+     "tv"},
+    {"StillBeingWritten", "1 02:00:5e:00:00:09 192.168.1.10 a *\n1 02:00:5e:00:00:0a 192.168.1.1", 1, "a"},
+    {"LongHostName", "1 02:00:5e:00:00:09 192.168.1.10 " + std::string(300, 'n') + " *\n", 1,
+     "nnnnnnnnnnnnnnnnnnnnnnnnnnnnnn"},
+    {"EscapesInHostName", "1 02:00:5e:00:00:09 192.168.1.10 \x1b[2Jx\x7f *\n", 1, "?[2Jx?"},
+    {"NoExpiry", "soon 02:00:5e:00:00:09 192.168.1.10 a *\n-1 02:00:5e:00:00:09 192.168.1.10 a *\n", 0, ""},
+    {"ExpiryTooLarge", "99999999999 02:00:5e:00:00:09 192.168.1.10 a *\n", 0, ""},
+    {"NoMac",
+     "1 02:00:5e:00:00 192.168.1.10 a *\n1 02-00-5e-00-00-09 192.168.1.10 a *\n1 06-02:00:5e:00:00:09 1.1.1.1 a *\n"
+     "1 0x:00:5e:00:00:09 192.168.1.10 a *\n",
+     0, ""},
+    {"EmptyLinesAndNuls", std::string("\n\n\0\0\n 1  02:00:5e:00:00:09\t192.168.1.10 a\n", 43), 1, "a"},
+    {"Empty", "", 0, ""},
+};
+class Leases : public testing::TestWithParam<LeaseCase> {};
+TEST_P(Leases, AreTheLinesThatAreOne)
+{
+    const TemporaryFile file(GetParam().text);
+    std::vector<device::Lease> leases;
+    EXPECT_EQ(device::read_leases(file.path(), leases), 0);
+    ASSERT_EQ(leases.size(), GetParam().count);
+    EXPECT_STREQ(leases.empty() ? "" : leases.back().hostName, GetParam().lastHostName);
+}
+INSTANTIATE_TEST_SUITE_P(Files, Leases, testing::ValuesIn(kLeaseCases), [](const auto& c) { return c.param.name; });
+
+TEST(LeaseFile, ValuesOfALine)
+{
+    const TemporaryFile file("1700000001 02:00:5E:AA:bb:0A 192.168.1.1 laptop *\n");
+    std::vector<device::Lease> leases;
+    ASSERT_EQ(device::read_leases(file.path(), leases), 0);
+    ASSERT_EQ(leases.size(), 1u);
+    EXPECT_EQ(leases[0].expires, 1700000001u);
+    EXPECT_EQ(leases[0].address, kFirst);
+    EXPECT_EQ(leases[0].mac, (device::Mac{0x02, 0x00, 0x5e, 0xaa, 0xbb, 0x0a}));
+}
+
+TEST(LeaseFile, IsBounded)
+{
+    std::string text;
+    for (std::size_t i = 0; i < device::kMaxLeases * 2; i++) text += "1 02:00:5e:00:00:09 192.168.1.10 a *\n";
+    const TemporaryFile file(text);
+    std::vector<device::Lease> leases;
+    EXPECT_EQ(device::read_leases(file.path(), leases), 0);
+    EXPECT_EQ(leases.size(), device::kMaxLeases);
+}
+
+TEST(LeaseFile, ThatIsNoFileIsRefusedAtOnce)
+{
+    const TemporaryFile file("");
+    std::vector<device::Lease> leases(1);
+    EXPECT_EQ(device::read_leases("/nowhere/at/all", leases), ENOENT);
+    EXPECT_TRUE(leases.empty());
+    EXPECT_EQ(device::read_leases("/dev/zero", leases), EINVAL);
+    const std::string pipe = std::string(file.path()) + ".pipe";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    EXPECT_EQ(device::read_leases(pipe.c_str(), leases), EINVAL);
+    unlink(pipe.c_str());
+}
+}  // namespace
