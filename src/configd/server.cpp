@@ -1,0 +1,215 @@
+#include "configd/server.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <poll.h>
+#include <strings.h>
+#include <sys/file.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include "configd/log.h"
+
+namespace {
+constexpr int kWaiting = 16;  // clients that the kernel holds until they are accepted
+constexpr mode_t kOwnerOnly = 0600;
+constexpr auto kRest = std::chrono::seconds(1);  // before accepting again when the system had no room
+
+bool would_block(int error) { return error == EAGAIN || error == EWOULDBLOCK || error == EINTR; }
+
+// Only root and the service's own user; the socket's mode says the same, before a connection stands.
+bool is_allowed(int socket)
+{
+    ucred peer{};
+    socklen_t size = sizeof peer;
+    if (getsockopt(socket, SOL_SOCKET, SO_PEERCRED, &peer, &size) != 0) return false;
+    if (peer.uid == 0 || peer.uid == geteuid()) return true;
+    log_line(LOG_WARNING, "refused process %d of user %u", static_cast<int>(peer.pid), static_cast<unsigned>(peer.uid));
+    return false;
+}
+
+int bind_to(int socket, const std::string& path)
+{
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    if (path.size() >= sizeof address.sun_path) return ENAMETOOLONG;
+    path.copy(address.sun_path, path.size());
+    if (unlink(path.c_str()) != 0 && errno != ENOENT) return errno;
+    if (bind(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0) return errno;
+    return chmod(path.c_str(), kOwnerOnly) == 0 ? 0 : errno;  // nobody can connect before listen()
+}
+}  // namespace
+
+Server::~Server()
+{
+    for (Client& client : clients_) drop(client);
+    if (listener_ < 0) return;
+    close(listener_);
+    unlink(path_.c_str());
+}
+
+int Server::listen(const std::string& path)
+{
+    const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
+    if (socket < 0) return errno;
+    int error = bind_to(socket, path);
+    if (error == 0 && ::listen(socket, kWaiting) != 0) error = errno;
+    if (error != 0) {
+        close(socket);
+        return error;
+    }
+    listener_ = socket;
+    path_ = path;
+    return 0;
+}
+
+void Server::run(int stop)
+{
+    std::vector<pollfd> watched;
+    for (;;) {
+        const bool accepts = Clock::now() >= acceptAgain_;
+        watched.assign({{stop, POLLIN, 0}, {accepts ? listener_ : -1, POLLIN, 0}});
+        for (const Client& client : clients_)
+            watched.push_back({client.socket, static_cast<short>(client.is_sending() ? POLLOUT : POLLIN), 0});
+
+        if (poll(watched.data(), watched.size(), timeout()) < 0 && errno != EINTR) {
+            log_line(LOG_ERR, "poll: %s", std::strerror(errno));
+            return;
+        }
+        if (watched[0].revents != 0) return;
+        for (std::size_t i = 0; i < clients_.size(); i++) {
+            if (watched[i + 2].revents != 0) serve(clients_[i]);
+        }
+        drop_late();
+        if (watched[1].revents != 0) accept_waiting();
+        std::erase_if(clients_, [](const Client& client) { return client.socket < 0; });
+    }
+}
+
+// Milliseconds until something is due; -1: nothing is.
+int Server::timeout() const
+{
+    constexpr auto kNever = Clock::time_point::max();
+    auto due = kNever;
+    for (const Client& client : clients_) {
+        if (!client.is_idle()) due = std::min(due, client.since + limits_.patience);
+    }
+    const auto now = Clock::now();
+    if (acceptAgain_ > now) due = std::min(due, acceptAgain_);
+    if (due == kNever) return -1;
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(due - now).count();
+    return static_cast<int>(std::max<decltype(left)>(left, 0));
+}
+
+// At most one request a turn, so that a client that sends without end does not keep the others waiting.
+void Server::serve(Client& client)
+{
+    if (!client.is_sending()) {
+        if (!receive(client)) return drop(client);
+        if (client.received < kRecordSize) return;
+        answer(client);
+    }
+    if (!send(client)) drop(client);
+}
+
+bool Server::receive(Client& client)
+{
+    const ssize_t got = recv(client.socket, client.request.bytes + client.received, kRecordSize - client.received, 0);
+    if (got < 0) return would_block(errno);
+    if (got == 0) return false;
+    if (client.received == 0) client.since = Clock::now();
+    client.received += static_cast<std::size_t>(got);
+    return true;
+}
+
+void Server::answer(Client& client)
+{
+    Answer answer;
+    handler_(client.request, answer);
+    explicit_bzero(&client.request, sizeof client.request);  // it may have held a password
+    client.received = 0;
+
+    client.output.reserve(kRecordSize + answer.table.size());
+    client.output.assign(std::begin(answer.record.bytes), std::end(answer.record.bytes));
+    client.output.insert(client.output.end(), answer.table.begin(), answer.table.end());
+    client.sent = 0;
+    client.since = Clock::now();
+}
+
+bool Server::send(Client& client)
+{
+    const std::size_t left = client.output.size() - client.sent;
+    const ssize_t sent = ::send(client.socket, client.output.data() + client.sent, left, MSG_NOSIGNAL);
+    if (sent < 0) return would_block(errno);
+    client.sent += static_cast<std::size_t>(sent);
+    client.since = Clock::now();
+    if (client.sent == client.output.size()) client.output = {};
+    return true;
+}
+
+void Server::drop(Client& client)
+{
+    if (client.socket >= 0) close(client.socket);
+    explicit_bzero(&client.request, sizeof client.request);
+    client.socket = -1;
+}
+
+void Server::drop_late()
+{
+    const auto now = Clock::now();
+    for (Client& client : clients_) {
+        if (client.socket < 0 || client.is_idle() || now < client.since + limits_.patience) continue;
+        log_line(LOG_NOTICE, "dropped a client that %s",
+                 client.is_sending() ? "takes no answer" : "sent half a request");
+        drop(client);
+    }
+}
+
+void Server::accept_waiting()
+{
+    const int socket = accept4(listener_, nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC);
+    if (socket < 0) {
+        if (would_block(errno) || errno == ECONNABORTED) return;
+        log_line(LOG_WARNING, "accept: %s", std::strerror(errno));
+        acceptAgain_ = Clock::now() + kRest;
+        return;
+    }
+    if (!is_allowed(socket) || !make_place()) {
+        close(socket);
+        return;
+    }
+    clients_.push_back({.socket = socket, .since = Clock::now()});
+}
+
+// A client that has asked nothing for long is sent away for a new one: it connects again when it has a question.
+bool Server::make_place()
+{
+    const auto open = [](const Client& client) { return client.socket >= 0; };
+    if (static_cast<std::size_t>(std::ranges::count_if(clients_, open)) < limits_.clients) return true;
+
+    Client* oldest = nullptr;
+    for (Client& client : clients_) {
+        if (client.socket >= 0 && client.is_idle() && (!oldest || client.since < oldest->since)) oldest = &client;
+    }
+    if (oldest)
+        drop(*oldest);
+    else
+        log_line(LOG_WARNING, "refused a client: %zu are busy", limits_.clients);
+    return oldest != nullptr;
+}
+
+Lock::~Lock()
+{
+    if (file_ >= 0) close(file_);
+}
+
+int Lock::take(const std::string& path)
+{
+    file_ = open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, kOwnerOnly);
+    if (file_ < 0) return errno;
+    return flock(file_, LOCK_EX | LOCK_NB) == 0 ? 0 : errno;
+}

@@ -1,0 +1,76 @@
+// The socket that the console asks at: one thread, one loop, every client non-blocking. A message is a record; the
+// answer is a record and its table. A client that is stuck, slow or hostile costs one place and its time, never the
+// others'.
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "configd/answer.h"
+
+class Server {
+public:
+    using Handler = std::function<void(const ComParam& request, Answer& answer)>;
+    using Clock = std::chrono::steady_clock;
+
+    struct Limits {
+        std::size_t clients = 32;
+        Clock::duration patience = std::chrono::seconds(30);  // for the rest of a request, and for an answer to move on
+    };
+
+    explicit Server(Handler handler) : Server(std::move(handler), Limits{}) {}
+    Server(Handler handler, Limits limits) : handler_(std::move(handler)), limits_(limits) {}
+    ~Server();  // closes everything and removes the socket
+    Server(const Server&) = delete;
+    Server& operator=(const Server&) = delete;
+
+    // A socket file that is there already is replaced: the caller holds the runtime folder's lock, so it is nobody's.
+    // 0 or an errno value.
+    int listen(const std::string& path);
+
+    // Serves until `stop` is readable.
+    void run(int stop);
+
+private:
+    struct Client {
+        int socket;
+        ComParam request{};
+        std::size_t received = 0;  // bytes of the request
+        std::vector<unsigned char> output{};
+        std::size_t sent = 0;       // bytes of the output
+        Clock::time_point since{};  // of the request's first byte, the output's last step, or the last answer
+
+        bool is_sending() const { return !output.empty(); }
+        bool is_idle() const { return received == 0 && !is_sending(); }
+    };
+
+    int timeout() const;
+    void serve(Client& client);
+    bool receive(Client& client);
+    bool send(Client& client);
+    void answer(Client& client);
+    void drop(Client& client);
+    void drop_late();
+    void accept_waiting();
+    bool make_place();
+
+    Handler handler_;
+    Limits limits_;
+    std::string path_;
+    int listener_ = -1;
+    std::vector<Client> clients_;
+    Clock::time_point acceptAgain_{};  // the system had no room for another client until then
+};
+
+// Keeps a second service out of the runtime folder while it lives.
+class Lock {
+public:
+    ~Lock();
+    // 0 or an errno value; EWOULDBLOCK: another service runs here.
+    int take(const std::string& path);
+
+private:
+    int file_ = -1;
+};

@@ -1,0 +1,15 @@
+// What the operations work on: the machine, what is known about it, and the configurations.
+#pragma once
+
+#include "configd/linux/device.h"
+#include "configd/profile.h"
+#include "configd/store.h"
+
+struct Service {
+    const Device& device;
+    const Profile profile;
+    Store store;
+};
+
+// The software version as the console shows it.
+inline constexpr char kSoftwareVersion[] = "1.08e01W";

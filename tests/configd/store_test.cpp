@@ -1,0 +1,196 @@
+#include <cerrno>
+#include <functional>
+#include <gtest/gtest.h>
+
+#include "configd/memory_storage.h"
+#include "configd/sample_model.h"
+#include "configd/store.h"
+
+namespace {
+const Model kModel = sample::model();
+const Section& kAlone = sample::kSections[0];
+const char kRunning[] = "run/running.json", kSaved[] = "state/config.json", kPrevious[] = "state/config.previous.json",
+           kRejected[] = "state/config.rejected-1.json";
+
+Store started(MemoryStorage& storage)
+{
+    Store store(kModel, storage.operations(), {"run", "state"});
+    store.start();
+    return store;
+}
+
+// The device starts again: the runtime folder is empty then.
+Store restarted(MemoryStorage& storage)
+{
+    storage.files.erase(kRunning);
+    return started(storage);
+}
+
+int port_of(const Store& store) { return sample::port.get(store.running().values(kAlone).data()); }
+
+ServiceStatus set_port(Store& store, std::uint16_t port)
+{
+    Configuration next = store.running();
+    sample::port.set(next.values(kAlone).data(), port);
+    return store.change(std::move(next));
+}
+
+// Saved 1, then 2, and 3 is only running.
+void prepare(MemoryStorage& storage)
+{
+    Store store = started(storage);
+    for (std::uint16_t port = 1; port <= 2; port++) {
+        ASSERT_EQ(set_port(store, port), kStatusOk);
+        ASSERT_EQ(store.save(), kStatusOk);
+    }
+    ASSERT_EQ(set_port(store, 3), kStatusOk);
+}
+
+TEST(Store, RunningSurvivesACrashAndSavedARestart)
+{
+    MemoryStorage storage;
+    EXPECT_EQ(port_of(started(storage)), 80);
+    prepare(storage);
+    EXPECT_EQ(port_of(started(storage)), 3);
+    EXPECT_EQ(port_of(restarted(storage)), 2);
+    EXPECT_TRUE(storage.files.contains(kPrevious));
+}
+
+TEST(Store, RestoreGoesBackToSavedAndClearToFactory)
+{
+    MemoryStorage storage;
+    prepare(storage);
+    Store store = started(storage);
+    store.restore();
+    EXPECT_EQ(port_of(store), 2);
+    EXPECT_EQ(port_of(started(storage)), 2);
+
+    EXPECT_EQ(store.clear(), kStatusOk);
+    EXPECT_EQ(port_of(store), 80);
+    EXPECT_EQ(port_of(started(storage)), 80);
+    EXPECT_EQ(port_of(restarted(storage)), 80);
+    for (const auto& [path, content] : storage.files) EXPECT_EQ(content.find("\"port\": 1"), content.npos) << path;
+}
+
+struct Action {
+    const char* name;
+    std::function<ServiceStatus(Store&)> run;
+    int runningAfter, savedAfter;
+};
+const Action kActions[] = {
+    {"Change", [](Store& store) { return set_port(store, 4); }, 4, 2},
+    {"Save", [](Store& store) { return store.save(); }, 3, 3},
+    {"Clear", [](Store& store) { return store.clear(); }, 80, 80},
+};
+class Failing : public testing::TestWithParam<Action> {};
+
+// Every step of it fails in turn: alone, and with everything behind it as when the power goes.
+TEST_P(Failing, LeavesTheOldOrTheNewConfiguration)
+{
+    const Action& action = GetParam();
+    struct {
+        int error;
+        ServiceStatus status;
+    } const failures[] = {{ENOSPC, kStatusStorageFull}, {EROFS, kStatusStorageReadOnly}, {EIO, kStatusStorageFailed}};
+
+    for (const auto& failure : failures) {
+        for (const bool forGood : {false, true}) {
+            for (int step = 0;; step++) {
+                SCOPED_TRACE(testing::Message() << "step " << step << " errno " << failure.error << " " << forGood);
+                MemoryStorage storage;
+                prepare(storage);
+                Store store = started(storage);
+                storage.changes = 0;
+                storage.failAt = step;
+                storage.error = failure.error;
+                storage.failOn = forGood;
+                const ServiceStatus status = action.run(store);
+                const bool reached = storage.changes > step;
+                EXPECT_EQ(status, reached ? failure.status : kStatusOk);
+                EXPECT_TRUE(port_of(store) == action.runningAfter || (reached && port_of(store) == 3));
+                storage.failAt = -1;
+
+                // A clear that was cut short has nothing to go back to but the saved one, or factory when that is gone.
+                const int afterCrash = port_of(started(storage)), afterRestart = port_of(restarted(storage));
+                EXPECT_TRUE(afterCrash == 3 || afterCrash == action.runningAfter) << afterCrash;
+                EXPECT_TRUE(afterRestart == 2 || afterRestart == action.savedAfter) << afterRestart;
+                EXPECT_FALSE(storage.files.contains(kRejected));
+                if (!reached) break;
+            }
+        }
+    }
+}
+INSTANTIATE_TEST_SUITE_P(Steps, Failing, testing::ValuesIn(kActions), [](const auto& a) { return a.param.name; });
+
+TEST(Store, AFullRuntimeFolderKeepsNothingFromBeingRestored)
+{
+    MemoryStorage storage;
+    prepare(storage);
+    Store store = started(storage);
+    storage.changes = 0;
+    storage.failAt = 0;
+    storage.error = ENOSPC;
+    store.restore();
+    EXPECT_EQ(port_of(store), 2);
+    EXPECT_EQ(port_of(started(storage)), 2);
+}
+
+struct Damage {
+    const char* name;
+    std::string content;
+};
+const Damage kDamages[] = {
+    {"NotUnderstood", "{\"format\": 1, \"alone\": {\"port\": 0}}"},
+    {"OtherFormat", "{\"format\": 7}"},
+    {"Truncated", "{\"format\": 1,"},
+    {"TooLarge", "{\"format\": 1}" + std::string(Store::kLargestFile, ' ')},
+};
+class Damaged : public testing::TestWithParam<Damage> {};
+TEST_P(Damaged, SavedIsSetAsideAndTheOneBeforeIsUsed)
+{
+    MemoryStorage storage;
+    prepare(storage);
+    storage.files[kSaved] = GetParam().content;
+    EXPECT_EQ(port_of(restarted(storage)), 1);
+    EXPECT_EQ(storage.files[kRejected], GetParam().content);
+    EXPECT_FALSE(storage.files.contains(kSaved));
+
+    storage.files[kPrevious] = GetParam().content;
+    EXPECT_EQ(port_of(restarted(storage)), 80);
+    EXPECT_EQ(storage.files[kRejected], GetParam().content);  // both are kept
+    EXPECT_TRUE(storage.files.contains("state/config.previous.rejected-1.json"));
+}
+TEST_P(Damaged, RunningIsSetAsideAndSavedIsUsed)
+{
+    MemoryStorage storage;
+    prepare(storage);
+    storage.files[kRunning] = GetParam().content;
+    EXPECT_EQ(port_of(started(storage)), 2);
+    EXPECT_EQ(storage.files["run/running.rejected-1.json"], GetParam().content);
+}
+INSTANTIATE_TEST_SUITE_P(Files, Damaged, testing::ValuesIn(kDamages), [](const auto& d) { return d.param.name; });
+
+TEST(Store, RejectedFilesDoNotReplaceEachOtherOrFillTheDisk)
+{
+    MemoryStorage storage;
+    for (int i = 1; i <= Store::kMostRejected + 2; i++) {
+        storage.files[kSaved] = "bad " + std::to_string(i);
+        restarted(storage);
+    }
+    EXPECT_EQ(storage.files.size(), static_cast<std::size_t>(Store::kMostRejected));
+    EXPECT_EQ(storage.files[kRejected], "bad 1");
+}
+
+TEST(Store, ReadOnlyStorageStillStarts)
+{
+    MemoryStorage storage;
+    storage.files[kSaved] = "no configuration";
+    storage.readOnly = true;
+    Store store = started(storage);
+    EXPECT_EQ(port_of(store), 80);
+    EXPECT_EQ(store.save(), kStatusStorageReadOnly);
+    EXPECT_EQ(set_port(store, 5), kStatusStorageReadOnly);
+    EXPECT_EQ(port_of(store), 80);
+    EXPECT_EQ(storage.files[kSaved], "no configuration");
+}
+}  // namespace
