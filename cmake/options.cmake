@@ -4,7 +4,10 @@ find_package(PkgConfig REQUIRED)
 add_library(router_options INTERFACE)
 target_include_directories(router_options INTERFACE ${CMAKE_SOURCE_DIR}/src)
 target_compile_options(router_options INTERFACE
-    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror -fno-omit-frame-pointer)
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
+if(ROUTER_WERROR)
+    target_compile_options(router_options INTERFACE -Werror)
+endif()
 target_compile_definitions(router_options INTERFACE _GNU_SOURCE)
 
 add_library(router_program_options INTERFACE)
@@ -12,7 +15,8 @@ target_link_libraries(router_program_options INTERFACE router_options)
 target_compile_options(router_program_options INTERFACE -fno-exceptions -fno-rtti)
 
 if(ROUTER_SANITIZE)
-    target_compile_options(router_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all)
+    target_compile_options(router_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
+        -fno-omit-frame-pointer)
     target_link_options(router_options INTERFACE -fsanitize=address,undefined)
 endif()
 
