@@ -1,0 +1,243 @@
+// The console against a service that is absent, dead, hostile or silent, an operator who types noise, and a line that
+// goes away. It says what failed, and it never crashes or hangs for good.
+#include <chrono>
+#include <gtest/gtest.h>
+#include <random>
+
+#include "service/codes.h"
+#include "support/fake_service.h"
+#include "support/service.h"
+#include "support/terminal.h"
+#include "terminal/attributes.h"
+
+namespace {
+constexpr Milliseconds kPastTheServiceTimeout{30000};
+constexpr Milliseconds kAtOnce{1000};
+
+void expect_clean_end(Terminal& t)
+{
+    t.type("logout\n");
+    EXPECT_EQ(t.wait_exit(), 0) << t.screen().text();
+    EXPECT_TRUE(same_attributes(t.attributes(), t.found()));
+}
+
+TEST(Robustness, ServiceAbsentAtTheStart)
+{
+    Service service;
+    service.stop();
+    Terminal t;
+    t.until_password_asked();
+    t.type("admin\n");
+    EXPECT_EQ(t.until("password: "), "*****\n Error: Incorrect password.\a\n please enter your password: ");
+    service.start();
+    t.type("admin\n");
+    EXPECT_EQ(t.until("> "), "*****\n\n Welcome!\nCommand> ");
+    expect_clean_end(t);
+}
+
+TEST(Robustness, ServiceKilledBetweenCommands)
+{
+    Service service;
+    Terminal t;
+    t.log_in();
+    t.type("set system name kept\n");
+    t.until("System Name: kept\nCommand> ");
+
+    service.kill();
+    t.type("set system name lost\n");
+    EXPECT_EQ(t.until("Command> "), "set system name lost\n\aThe configuration service is not running\nCommand> ");
+    t.type("show system\n");
+    t.until("Command> ");
+
+    service.start();
+    t.type("show system\n");
+    EXPECT_TRUE(t.until("Command> ").starts_with("show system\n   System Name: kept "));
+    expect_clean_end(t);
+}
+
+TEST(Robustness, ServiceThatDoesNotAnswerIsGivenUp)
+{
+    Service service;
+    Terminal t;
+    t.log_in();
+    service.suspend();
+    const auto asked = std::chrono::steady_clock::now();
+    t.type("set system name late\n");
+    EXPECT_EQ(t.until("Command> ", kPastTheServiceTimeout),
+              "set system name late\n\aThe configuration service does not answer\nCommand> ");
+    EXPECT_GE(std::chrono::steady_clock::now() - asked, std::chrono::seconds(9));
+    service.resume();
+    t.type("set system name back\n");
+    t.until("System Name: back\nCommand> ");
+    expect_clean_end(t);
+}
+
+// A good service until the operator is in; from then on every read is answered badly.
+struct Hostility {
+    const char* name;
+    Reply (*answer)(const ComParam& request);
+    const char* printed;
+};
+Reply half(const ComParam& request)
+{
+    return {.bytes = plain_reply(request).bytes.substr(0, kRecordSize / 2), .disconnect = true};
+}
+Reply endless(const ComParam& request) { return plain_reply(request, 0, 0xffffffff); }
+Reply short_table(const ComParam& request)
+{
+    Reply reply = plain_reply(request, 0, 96);
+    reply.bytes += std::string(40, '\x7f');
+    reply.disconnect = true;
+    return reply;
+}
+Reply unknown_status(const ComParam& request) { return plain_reply(request, 0xdeadbeef); }
+Reply nothing(const ComParam&) { return {.bytes = {}, .disconnect = true}; }
+constexpr Hostility kHostilities[] = {
+    {"HalfARecord", half, "\aThe configuration service ended the connection before it answered\n"},
+    {"LengthOfFourGigabytes", endless, "\aThe configuration service gave an answer that makes no sense\n"},
+    {"TableCutShort", short_table, "\aThe configuration service ended the connection before it answered\n"},
+    {"StatusWithoutAText", unknown_status, "\aThe request failed, no reason was given\n"},
+    {"HangsUp", nothing, "\aThe configuration service ended the connection before it answered\n"},
+};
+class HostileService : public testing::TestWithParam<Hostility> {};
+TEST_P(HostileService, IsReportedAndTheConsoleGoesOn)
+{
+    bool loggedIn = false;
+    FakeService service([&](const ComParam& request) {
+        const std::uint32_t asked = record::code.get(request);
+        if (loggedIn) return GetParam().answer(request);
+        loggedIn = asked == code::kCheckPassword;
+        return plain_reply(request);
+    });
+    Terminal t;
+    t.log_in();
+    t.type("set system name x\n");
+    EXPECT_EQ(t.until("> "), std::string("set system name x\n") + GetParam().printed + "> ");
+    t.type("show system\n");
+    EXPECT_TRUE(t.until("\n> ").find("System log level:") != std::string::npos);
+    expect_clean_end(t);
+}
+INSTANTIATE_TEST_SUITE_P(Answers, HostileService, testing::ValuesIn(kHostilities),
+                         [](const auto& hostility) { return hostility.param.name; });
+
+// Garbage in every field that a text is read from, with no NUL anywhere.
+TEST(Robustness, RecordsWithoutOneNul)
+{
+    FakeService service([](const ComParam& request) {
+        Reply reply = plain_reply(request);
+        if (record::code.get(request) != code::kCheckPassword)
+            reply.bytes.replace(record::kPayload, record::kPayloadEnd - record::kPayload,
+                                record::kPayloadEnd - record::kPayload, '\x7e');
+        return reply;
+    });
+    Terminal t;
+    t.until_password_asked();
+    t.type("admin\n");
+    t.until("Welcome!\n" + std::string(15, '~') + "> ");
+    t.type("show system\n");
+    t.until(std::string(15, '~') + "> ");
+    expect_clean_end(t);
+}
+
+// Any byte but an "l", which could begin `logout` and would rightly end the session, and the suspend character, at
+// which the line throws away all that it holds.
+std::string noise(std::size_t size)
+{
+    std::mt19937 random(20);
+    std::string bytes(size, 0);
+    for (char& byte : bytes) {
+        do byte = static_cast<char>(random());
+        while (byte == 'l' || byte == 'L' || byte == '\x1a');
+    }
+    return bytes;
+}
+
+// The key that ESC [ and byte 1 make is as negative as the end of the input.
+TEST(Robustness, NoEscapeSequenceEndsTheSession)
+{
+    Service service;
+    Terminal t;
+    t.log_in();
+    for (int last = 1; last < 256; ++last) t.send(std::string("\x1b[") + static_cast<char>(last));
+    t.send("\x03");
+    t.type("set system name alive\n");
+    t.until("System Name: alive\n");
+    expect_clean_end(t);
+}
+
+TEST(Robustness, TakesACommandAfterAMebibyteOfNoise)
+{
+    Service service;
+    Terminal t;
+    t.log_in();
+    t.send(noise(1 << 20));
+    t.send("[A\x03\x03");  // ends an escape sequence that may be open, then whatever else is
+    t.send("\r\r");
+    t.type("set system name quiet\n");
+    t.until("System Name: quiet\n");
+    expect_clean_end(t);
+}
+
+TEST(Robustness, NoiseInThePlaceOfThePassword)
+{
+    Service service;
+    Terminal t;
+    t.until_password_asked();
+    t.send(noise(4096));
+    t.send("[A\n");
+    t.until("Incorrect password.");
+    t.type("admin\n");
+    t.until("Welcome!", kPastTheServiceTimeout);
+    expect_clean_end(t);
+}
+
+struct LostLine {
+    const char* name;
+    bool controlling;  // the console gets the hang-up signal; otherwise only its next read fails
+    bool loggedIn;
+};
+constexpr LostLine kLostLines[] = {
+    {"HangUpAtThePassword", true, false},
+    {"HangUpAtTheCommand", true, true},
+    {"EndOfInputAtThePassword", false, false},
+    {"EndOfInputAtTheCommand", false, true},
+};
+class LineGoesAway : public testing::TestWithParam<LostLine> {};
+TEST_P(LineGoesAway, EndsAtOnce)
+{
+    Service service;
+    Terminal t({.controlling = GetParam().controlling});
+    t.until_password_asked();
+    if (GetParam().loggedIn) {
+        t.type("admin\n");
+        t.until("Command> ");
+        t.type("show sys");
+        t.until("show sys");
+    }
+    t.hang_up();
+    EXPECT_TRUE(t.process().wait_exit(kAtOnce).has_value());
+}
+INSTANTIATE_TEST_SUITE_P(Lines, LineGoesAway, testing::ValuesIn(kLostLines),
+                         [](const auto& lost) { return lost.param.name; });
+
+struct Size {
+    const char* name;
+    unsigned short rows, columns;
+};
+class WindowSize : public testing::TestWithParam<Size> {};
+TEST_P(WindowSize, DoesNotMatter)
+{
+    Service service;
+    Terminal t({.rows = GetParam().rows, .columns = GetParam().columns});
+    t.log_in();
+    t.type("show system\n");
+    t.until("System log level:");
+    t.resize(GetParam().columns, GetParam().rows);
+    t.type("?");
+    t.until("show ");
+    expect_clean_end(t);
+}
+constexpr Size kSizes[] = {{"Unknown", 0, 0}, {"OneCell", 1, 1}, {"Wall", 65535, 65535}};
+INSTANTIATE_TEST_SUITE_P(Sizes, WindowSize, testing::ValuesIn(kSizes),
+                         [](const auto& size) { return size.param.name; });
+}  // namespace
