@@ -29,11 +29,11 @@ constexpr Text kTexts[] = {
     {kStatusBadRequest,         kAnyGroup,           "The configuration service did not understand the request"},
 
     {kStatusValueRefused,       kAnyGroup,           "A value is not acceptable for its setting"},
-    {kStatusValueRefused,       kManagementGroup,    "The management port or time-out is not acceptable"},
-    {kStatusValueRefused,       kDhcpGroup,          "The DHCP server settings are not acceptable"},
+    {kStatusValueRefused,       kManagementGroup,    "The management settings are not acceptable"},
+    {kStatusValueRefused,       kDhcpGroup,          "An address or setting of the DHCP server is not acceptable"},
     {kStatusValueRefused,       kWirelessGroup,      "A wireless setting is not acceptable"},
     {kStatusValueRefused,       kLogGroup,           "The log settings are not acceptable"},
-    {kStatusValueRefused,       kAddressGroup,       "The address settings are not acceptable"},
+    {kStatusValueRefused,       kAddressGroup,       "The subnet mask or DNS address is not acceptable"},
     {kStatusValueRefused,       kInterfaceGroup,     "The interface settings are not acceptable"},
     {kStatusValueRefused,       kNatGroup,           "The NAT settings are not acceptable"},
     {kStatusValueRefused,       kFilterGroup,        "The IP filter settings are not acceptable"},
@@ -42,6 +42,7 @@ constexpr Text kTexts[] = {
     {kStatusValueRefused,       kTimeGroup,          "The date, time or time server is not acceptable"},
 
     {kStatusUnknownName,        kAnyGroup,           "There is no entry of that name"},
+    {kStatusUnknownName,        kManagementGroup,    "There is no trap manager of that name"},
     {kStatusUnknownName,        kWirelessGroup,      "There is no MAC filter of that name"},
     {kStatusUnknownName,        kInterfaceGroup,     "There is no interface of that name"},
     {kStatusUnknownName,        kNatGroup,           "There is no NAT entry of that name"},
@@ -50,6 +51,7 @@ constexpr Text kTexts[] = {
     {kStatusUnknownName,        kOperationModeGroup, "There is no WDS peer of that name"},
 
     {kStatusDuplicateName,      kAnyGroup,           "There is already an entry of that name"},
+    {kStatusDuplicateName,      kManagementGroup,    "There is already a trap manager of that name"},
     {kStatusDuplicateName,      kWirelessGroup,      "There is already a MAC filter of that name"},
     {kStatusDuplicateName,      kNatGroup,           "There is already a NAT entry of that name"},
     {kStatusDuplicateName,      kFilterGroup,        "There is already an IP filter of that name"},
@@ -61,14 +63,17 @@ constexpr Text kTexts[] = {
     {kStatusUnknownAddress,     kRadiusGroup,        "There is no RADIUS server of that address"},
 
     {kStatusDuplicateAddress,   kAnyGroup,           "There is already an entry of that address"},
+    {kStatusDuplicateAddress,   kManagementGroup,    "There is already a manager or client of that address"},
     {kStatusDuplicateAddress,   kSystemGroup,        "There is already a route to that destination"},
     {kStatusDuplicateAddress,   kDhcpGroup,          "The IP or MAC address has a static DHCP entry already"},
     {kStatusDuplicateAddress,   kWirelessGroup,      "The MAC address has a filter already"},
     {kStatusDuplicateAddress,   kAddressGroup,       "Another interface has that address or network already"},
+    {kStatusDuplicateAddress,   kNatGroup,           "Another entry of the interface has that NAT address already"},
     {kStatusDuplicateAddress,   kRadiusGroup,        "There is already a RADIUS server of that address"},
     {kStatusDuplicateAddress,   kOperationModeGroup, "There is already a WDS peer of that address"},
 
     {kStatusTableFull,          kAnyGroup,           "The table is full"},
+    {kStatusTableFull,          kManagementGroup,    "The table of trap managers is full"},
     {kStatusTableFull,          kSystemGroup,        "The route table is full"},
     {kStatusTableFull,          kDhcpGroup,          "The table of static DHCP entries is full"},
     {kStatusTableFull,          kWirelessGroup,      "The MAC filter table is full"},
@@ -88,7 +93,7 @@ constexpr Text kTexts[] = {
     {kStatusStorageFailed,      kAnyGroup,           "The configuration could not be stored"},
 
     {kStatusNotPermitted,       kAnyGroup,           "The configuration service is not allowed to do that on this device"},
-    {kStatusNotPermitted,       kTimeGroup,          "The configuration service is not allowed to set the clock of this device"},
+    {kStatusNotPermitted,       kTimeGroup,          "The configuration service is not allowed to set the time zone of this device"},
 
     {kStatusNoDevice,           kAnyGroup,           "This device has no such hardware"},
     {kStatusNoDevice,           kWirelessGroup,      "This device has no such radio"},
@@ -98,13 +103,43 @@ constexpr Text kTexts[] = {
     {kStatusUnreachableGateway, kAnyGroup,           "The gateway is not on a network of this device"},
 
     {kStatusUnknownInterface,   kAnyGroup,           "There is no such interface"},
+    {kStatusUnknownInterface,   kNatGroup,           "There is no WAN interface of that name"},
 
     {kStatusSystemFailed,       kAnyGroup,           "The system refused the change"},
 
     {kStatusAddressOutOfRange,  kAnyGroup,           "The address is not a host address of its network"},
     {kStatusAddressOutOfRange,  kSystemGroup,        "An address, mask or gateway is not acceptable"},
-    {kStatusAddressOutOfRange,  kDhcpGroup,          "The address is outside the network of the DHCP server"},
+    {kStatusAddressOutOfRange,  kDhcpGroup,          "The gateway or DNS address of the DHCP server is not acceptable"},
+    {kStatusAddressOutOfRange,  kNatGroup,           "The address is not that of a host in the LAN"},
     {kStatusAddressOutOfRange,  kAddressGroup,       "The IP address or gateway is not a host address of its network"},
+
+    {kStatusPoolRefused,        kAnyGroup,           "The addresses of the pool are not a range of hosts in one network"},
+
+    {kStatusNoTimeServer,       kAnyGroup,           "No time server is set for the NTP client"},
+
+    {kStatusChannelRefused,     kAnyGroup,           "The channel is not one of the radio's regulatory domain or band"},
+
+    {kStatusDuplicatePeer,        kAnyGroup,         "There is already a WDS peer of that name"},
+    {kStatusDuplicatePeerAddress, kAnyGroup,         "There is already a WDS peer of that address"},
+    {kStatusPeerTableFull,        kAnyGroup,         "The table of WDS peers is full"},
+
+    {kStatusNetmaskRefused,     kAnyGroup,           "The netmask must be ones followed by zeros"},
+
+    {kStatusNotANetwork,        kAnyGroup,           "The destination has bits that its netmask does not cover"},
+
+    {kStatusTooManyHops,        kAnyGroup,           "The hop count is above 255"},
+
+    {kStatusGatewayRefused,     kAnyGroup,           "The gateway is not the address of another device"},
+
+    {kStatusInterfaceDown,      kAnyGroup,           "The interface is switched off"},
+
+    {kStatusConnectedRoute,     kAnyGroup,           "The route belongs to an interface's own address"},
+
+    {kStatusPortInUse,          kAnyGroup,           "Another service of this device has that port"},
+
+    {kStatusNotSet,             kAnyGroup,           "A setting that this one needs is not set"},
+
+    {kStatusPortsTaken,         kAnyGroup,           "Another redirection has some of these ports already"},
 
     {IPC_NOT_RUNNING,           kAnyGroup,           "The configuration service is not running"},
     {IPC_NOT_ALLOWED,           kAnyGroup,           "This user may not ask the configuration service"},

@@ -16,6 +16,9 @@ inline constexpr At::Field<std::uint8_t> type{0};  // Type
 inline constexpr At::Field<std::uint32_t> flags{4};
 inline constexpr At::Field<std::uint32_t> state{8};  // kUp, any other: down
 inline constexpr At::TextField name{21, 16};
+inline constexpr At::Field<std::uint32_t> mtu{40};
+inline constexpr At::Field<std::uint32_t> address{44};  // host order; 0: none
+inline constexpr At::Field<std::uint32_t> netmask{48};
 inline constexpr At::TextField port{72, 16};
 inline constexpr At::MacField mac{88};
 
