@@ -1,4 +1,4 @@
-// The machine's clock. Its time zone is left alone: the service keeps the zone as a setting.
+// The machine's clock.
 #pragma once
 
 #include <cstdint>

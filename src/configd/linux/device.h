@@ -11,6 +11,7 @@
 #include "configd/linux/restart.h"
 #include "configd/linux/routes.h"
 #include "configd/linux/stations.h"
+#include "configd/linux/time_zone.h"
 
 // The promises of each function stand in its subject's header. An int result is 0 or an errno value: device::status_of.
 struct Device {
@@ -26,8 +27,10 @@ struct Device {
     std::int64_t (*read_clock)();
     int (*set_clock)(std::int64_t seconds);
     std::uint32_t (*read_up_time)();
+    int (*set_time_zone)(const char* path, std::int32_t secondsEast);
 
     std::array<std::uint32_t, 2> (*read_name_servers)(const char* path);
+    int (*set_name_servers)(const char* path, const std::array<std::uint32_t, 2>& servers);
     int (*read_leases)(const char* path, std::vector<device::Lease>& leases);
     int (*read_stations)(const char* controlSocket, std::vector<device::Station>& stations);
 

@@ -28,6 +28,8 @@ constexpr Meaning kMeanings[] = {
     {EOPNOTSUPP,    kStatusNoDevice},
     {ENOSYS,        kStatusNoDevice},
     {ENOENT,        kStatusNoDevice},
+    {ENOSPC,        kStatusStorageFull},
+    {EROFS,         kStatusStorageReadOnly},
 };
 // clang-format on
 }  // namespace

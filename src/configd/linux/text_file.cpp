@@ -28,6 +28,17 @@ int read_all(int file, std::size_t limit, std::string& text)
     return 0;
 }
 
+int write_all(int file, std::string_view content)
+{
+    while (!content.empty()) {
+        const ssize_t put = write(file, content.data(), content.size());
+        if (put < 0 && errno == EINTR) continue;
+        if (put < 0) return errno;
+        content.remove_prefix(static_cast<std::size_t>(put));
+    }
+    return fchmod(file, S_IRUSR | S_IWUSR | S_IRGRP | S_IROTH) == 0 && fsync(file) == 0 ? 0 : errno;
+}
+
 int hex_digit(char c)
 {
     if (c >= '0' && c <= '9') return c - '0';
@@ -45,6 +56,19 @@ int read_text_file(const char* path, std::size_t limit, std::string& text)
     const int error = read_all(file, limit, text);
     close(file);
     if (error != 0) text.clear();
+    return error;
+}
+
+int replace_file(const char* path, std::string_view content)
+{
+    const std::string fresh = std::string(path) + ".new";
+    if (unlink(fresh.c_str()) != 0 && errno != ENOENT) return errno;
+    const int file = open(fresh.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    if (file < 0) return errno;
+    int error = write_all(file, content);
+    close(file);
+    if (error == 0 && rename(fresh.c_str(), path) != 0) error = errno;
+    if (error != 0) unlink(fresh.c_str());
     return error;
 }
 

@@ -1,5 +1,7 @@
-// The files of other programs: name servers and leases, whatever may stand in them.
+// The files of other programs: name servers and leases, whatever may stand in them, and what is written for them.
 #include <cerrno>
+#include <cstdlib>
+#include <ctime>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <ostream>
@@ -9,6 +11,9 @@
 #include "configd/linux/leases.h"
 #include "configd/linux/resolver.h"
 #include "configd/linux/temporary_file.h"
+#include "configd/linux/text_file.h"
+#include "configd/linux/time_zone.h"
+#include "service/time_zones.h"
 
 namespace {
 constexpr std::uint32_t kFirst = 0xC0A80101, kSecond = 0x08080808;  // 192.168.1.1, 8.8.8.8
@@ -111,5 +116,59 @@ TEST(LeaseFile, ThatIsNoFileIsRefusedAtOnce)
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     EXPECT_EQ(device::read_leases(pipe.c_str(), leases), EINVAL);
     unlink(pipe.c_str());
+}
+struct stat about(const char* path)
+{
+    struct stat found {};
+    EXPECT_EQ(stat(path, &found), 0) << path;
+    return found;
+}
+
+TEST(NameServerFile, HoldsWhatWasSet)
+{
+    const TemporaryFile file("search lan\nnameserver 9.9.9.9\n");
+    std::string text;
+    EXPECT_EQ(device::set_name_servers(file.path(), {kFirst, kSecond}), 0);
+    EXPECT_EQ(device::read_text_file(file.path(), 1000, text), 0);
+    EXPECT_EQ(text, "nameserver 192.168.1.1\nnameserver 8.8.8.8\n");
+    EXPECT_EQ(about(file.path()).st_mode & 07777, 0644u) << "every program asks name servers";
+    EXPECT_EQ(device::set_name_servers(file.path(), {kSecond, 0}), 0);
+    EXPECT_EQ(device::read_name_servers(file.path()), (std::array<std::uint32_t, 2>{kSecond, 0}));
+    EXPECT_EQ(device::set_name_servers("/nowhere/at/all", {kFirst, 0}), ENOENT);
+}
+
+TEST(TimeZoneFile, IsWhatTheCLibraryReads)
+{
+    const TemporaryFile file("no zone");
+    setenv("TZ", (std::string(":") + file.path()).c_str(), 1);
+    for (const std::int32_t offset : tzTimeOffset) {
+        ASSERT_EQ(device::set_time_zone(file.path(), offset), 0);
+        setenv("TZ", (std::string(":/") + file.path()).c_str(), 1);  // written otherwise, so that it is read anew
+        tzset();
+        setenv("TZ", (std::string(":") + file.path()).c_str(), 1);
+        tzset();
+        const std::time_t moment = 1'000'000'000;
+        std::tm local{};
+        localtime_r(&moment, &local);
+        EXPECT_EQ(local.tm_gmtoff, offset);
+        EXPECT_EQ(local.tm_isdst, 0);
+        const char* name = offset == 0 ? "GMT" : offset == -12600 ? "-0330" : local.tm_zone;
+        EXPECT_STREQ(local.tm_zone, name);
+    }
+    unsetenv("TZ");
+    tzset();
+}
+
+TEST(TimeZoneFile, IsOnlyWrittenWhenItChanges)
+{
+    const TemporaryFile file("");
+    EXPECT_EQ(device::set_time_zone(file.path(), 3600), 0);
+    const struct stat first = about(file.path());
+    EXPECT_EQ(first.st_mode & 07777, 0644u);
+    EXPECT_EQ(device::set_time_zone(file.path(), 3600), 0);
+    EXPECT_EQ(about(file.path()).st_ino, first.st_ino);
+    EXPECT_EQ(device::set_time_zone(file.path(), 7200), 0);
+    EXPECT_NE(about(file.path()).st_ino, first.st_ino);
+    EXPECT_EQ(device::set_time_zone("/nowhere/at/all", 0), ENOENT);
 }
 }  // namespace

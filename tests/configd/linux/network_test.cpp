@@ -9,7 +9,7 @@
 #include <jansson.h>
 
 #include "configd/linux/device.h"
-#include "configd/linux/own_network.h"
+#include "support/own_network.h"
 
 namespace {
 const std::string kTwoPorts = "ip link set eth0 address 02:00:5e:00:00:01 up mtu 1400 && ip link set eth1 up && "

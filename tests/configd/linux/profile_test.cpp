@@ -99,9 +99,11 @@ TEST(Profile, ShippedOnesLoad)
     std::string why;
     ASSERT_TRUE(load_profile(ROUTER_PROFILES "/access-point.json", profile, why)) << why;
     EXPECT_TRUE(profile.manageAddresses);
+    EXPECT_EQ(profile.timeZone, "/etc/localtime");
     ASSERT_TRUE(load_profile(ROUTER_PROFILES "/development.json", profile, why)) << why;
     EXPECT_EQ(profile.restart, RestartMeans::kReload);
     EXPECT_EQ(profile.clock, ClockMeans::kOffset);
+    EXPECT_EQ(profile.timeZone, "") << "the machine's zone is left alone";
     EXPECT_FALSE(profile.manageAddresses);
     EXPECT_EQ(profile.radios.size(), 2u);
     for (const ProfileRadio& radio : profile.radios) EXPECT_EQ(radio.mac[0] & 3, 2) << "locally administered";
