@@ -5,6 +5,8 @@
 #include <cstring>
 #include <memory>
 
+#include "configd/old_formats.h"
+
 namespace {
 constexpr const char* kFormatKey = "format";
 
@@ -131,9 +133,10 @@ bool read_format(json_t* root, std::string& why)
     const json_t* format = json_object_get(root, kFormatKey);
     if (!json_is_integer(format)) return refuse(why, "no format number");
     const json_int_t number = json_integer_value(format);
-    if (number != Configuration::kFormat)
-        return refuse(why, "format " + std::to_string(number) + ", this program knows format " +
+    if (number < 0 || number > Configuration::kFormat)
+        return refuse(why, "format " + std::to_string(number) + ", this program knows formats up to " +
                                std::to_string(Configuration::kFormat));
+    bring_up(root, static_cast<int>(number), Configuration::kFormat);
     json_object_del(root, kFormatKey);
     return true;
 }
@@ -209,6 +212,9 @@ std::size_t find_entry(const List& list, const std::vector<Entry>& entries, std:
 
 ServiceStatus add_entry(const List& list, std::vector<Entry>& entries, Entry entry)
 {
+    if (list.check) {
+        if (const ServiceStatus refused = list.check(entry.bytes.data())) return refused;
+    }
     for (std::uint8_t i = 0; i < list.identities.size(); i++) {
         if (find_entry(list, entries, i, entry.bytes) != entries.size()) return list.identities[i].duplicate;
     }

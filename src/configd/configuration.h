@@ -26,7 +26,8 @@ public:
 
     std::string text() const;
 
-    // false: the configuration stays as it was, and why says in one line what is wrong with the text.
+    // false: the configuration stays as it was, and why says in one line what is wrong with the text. A text of an
+    // older format is understood too; text() then gives it in this program's.
     bool parse(std::string_view text, std::string& why);
 
     static constexpr int kFormat = 1;
@@ -41,5 +42,5 @@ private:
 // The entry whose columns of that identity equal those of `bytes`; its index, or entries.size().
 std::size_t find_entry(const List& list, const std::vector<Entry>& entries, std::uint8_t identity, const Bytes& bytes);
 
-// Refuses a duplicate and a full list; changes nothing then.
+// Refuses what the list's check does, a duplicate and a full list; changes nothing then.
 ServiceStatus add_entry(const List& list, std::vector<Entry>& entries, Entry entry);

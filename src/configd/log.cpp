@@ -3,6 +3,8 @@
 #include <cstdarg>
 #include <cstdio>
 
+#include "configd/system_log.h"
+
 namespace {
 LogTarget logTarget = LogTarget::kStderr;
 
@@ -22,6 +24,7 @@ void log_line(int priority, const char* format, ...)
     va_start(arguments, format);
     std::vsnprintf(line, sizeof line, format, arguments);
     va_end(arguments);
+    system_log().line(priority, line);
 
     if (logTarget == LogTarget::kSyslog)
         syslog(priority, "%s", line);

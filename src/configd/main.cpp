@@ -12,10 +12,16 @@
 #include <unistd.h>
 
 #include "configd/areas/address.h"
+#include "configd/areas/dhcp.h"
+#include "configd/areas/firewall.h"
 #include "configd/areas/password.h"
+#include "configd/areas/routes.h"
+#include "configd/areas/time.h"
+#include "configd/linux/interface_changes.h"
 #include "configd/log.h"
 #include "configd/notify.h"
 #include "configd/operations.h"
+#include "configd/sandbox.h"
 #include "configd/server.h"
 
 namespace {
@@ -97,6 +103,16 @@ bool read_profile(const char* path, Profile& profile)
     return false;
 }
 
+bool enter_sandbox(const Profile& profile)
+{
+    const int error = apply_sandbox(
+        {.setClock = profile.clock == ClockMeans::kDevice, .restartMachine = profile.restart == RestartMeans::kDevice});
+    if (error == ENOSYS) log_line(LOG_WARNING, "this kernel has no system-call filter: going on without");
+    if (error == 0 || error == ENOSYS) return true;
+    log_line(LOG_ERR, "privileges could not be given up: %s", std::strerror(error));
+    return false;
+}
+
 int fail(const std::string& what, int error)
 {
     log_line(LOG_ERR, "%s: %s", what.c_str(), std::strerror(error));
@@ -109,9 +125,24 @@ int serve(Service& service, const std::string& socketPath, int signals)
     warn_of_factory_password(service);
     if (const int error = apply_lan_address(service))
         log_line(LOG_ERR, "the LAN address could not be set: %s", std::strerror(error));
+    if (const int error = apply_time_zone(service))
+        log_line(LOG_ERR, "the time zone could not be set: %s", std::strerror(error));
+    if (const int error = apply_dhcp(service))
+        log_line(LOG_ERR, "the DHCP server's file could not be written: %s", std::strerror(error));
+    if (const int error = apply_ntp(service))
+        log_line(LOG_ERR, "the time service's file could not be written: %s", std::strerror(error));
+    if (const int error = apply_firewall(service))
+        log_line(LOG_ERR, "the firewall rules could not be written: %s", std::strerror(error));
+
+    const int changes = device::watch_interfaces();  // open until the process ends
+    restore_routes(service);
 
     Server server([&service](const ComParam& request, Answer& answer) { answer_request(service, request, answer); });
     if (const int error = server.listen(socketPath)) return fail(socketPath, error);
+    server.watch(changes, [&service, changes] {
+        device::drain_changes(changes);
+        restore_routes(service);
+    });
     log_line(LOG_INFO, "listening at %s", socketPath.c_str());
     notify_supervisor("READY=1");
     server.run(signals);
@@ -128,6 +159,7 @@ int main(int count, char** words)
         std::fputs(kUsage, stderr);
         return kWrongUsage;
     }
+    keep_memory_private();
     open_log(options.log);
     umask(S_IRWXG | S_IRWXO);
     Profile profile = built_in_profile();
@@ -135,7 +167,10 @@ int main(int count, char** words)
 
     const Storage storage = posix_storage();
     const std::string runtime = options.folders.runtime;
-    if (const int error = storage.makeFolder(runtime, Store::kRuntimeMode)) return fail(runtime, error);
+    if (const int error = make_folders(storage, runtime, Store::kRuntimeMode)) return fail(runtime, error);
+    const std::string state = options.folders.state;
+    if (const int error = make_folders(storage, state, Store::kStateMode))
+        log_line(LOG_ERR, "%s: %s", state.c_str(), std::strerror(error));
     Lock lock;
     if (const int error = lock.take(runtime + "/configd.lock")) {
         if (error != EWOULDBLOCK) return fail(runtime, error);
@@ -145,8 +180,16 @@ int main(int count, char** words)
 
     const int signals = end_signals();
     if (signals < 0) return fail("signalfd", errno);
+    if (!enter_sandbox(profile)) return EXIT_FAILURE;
     const Model model = model_of(areas());
-    Service service{kLinuxDevice, profile, Store(model, storage, options.folders)};
+    Service service{kLinuxDevice,
+                    profile,
+                    Store(model, storage, options.folders),
+                    ClearedCounters(storage, runtime),
+                    RuleFile(storage, runtime),
+                    RuleFile(storage, runtime, RuleFile::kDhcpName),
+                    RuleFile(storage, runtime, RuleFile::kTimeName),
+                    Attempts(storage, runtime)};
     const int status = serve(service, runtime + "/configd.sock", signals);
     close(signals);
     return status;

@@ -3,12 +3,19 @@
 #include <algorithm>
 
 #include "configd/areas/areas.h"
+#include "configd/request_log.h"
 
 namespace {
 // The order is that of the stored file.
 constexpr const Area* kAreas[] = {
-    &kSystemArea, &kPasswordArea,  &kManagementArea, &kAddressArea,    &kWirelessArea,    &kRouteArea,
-    &kSnmpArea,   &kSystemLogArea, &kUpnpArea,       &kInterfacesArea, &kPersistenceArea,
+    &kSystemArea,        &kPasswordArea,     &kManagementArea,
+    &kAddressArea,       &kDhcpArea,         &kTimeArea,
+    &kWirelessArea,      &kMacFilterArea,    &kWdsArea,
+    &kOperationModeArea, &kRadiusArea,       &kRouteArea,
+    &kSnmpArea,          &kSystemLogArea,    &kUpnpArea,
+    &kInterfacesArea,    &kInterfaceSettingsArea, &kPortCountersArea, &kWirelessClientsArea,
+    &kPersistenceArea, &kDdnsArea, &kPingArea,
+    &kLogTableArea, &kEngineeringArea, &kBridgeArea, &kNatArea, &kIpFilterArea,
 };
 
 const Operation* operation_of(std::uint32_t code)
@@ -134,8 +141,10 @@ ServiceStatus delete_from_list(Call& call)
 void answer_request(Service& service, const ComParam& request, Answer& answer)
 {
     answer = {};
+    RequestLog log(service, request);
     const ServiceStatus status = carry_out(service, request, answer);
-    if (status != kStatusOk) answer = {};
+    log.done(status);
+    if (status != kStatusOk) answer = {.delay = answer.delay};
 
     record::kind.set(answer.record, record::kRequest);
     record::code.set(answer.record, record::code.get(request));

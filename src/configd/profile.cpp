@@ -177,15 +177,15 @@ bool read_port(json_t* from, ProfilePort& port, std::string& why)
 bool read_profile(json_t* from, Profile& profile, std::string& why)
 {
     const char *description = nullptr, *hardwareVersion = nullptr, *bridge = nullptr, *restart = nullptr,
-               *clock = nullptr, *leases = nullptr, *hostapd = nullptr, *resolver = nullptr;
+               *clock = nullptr, *leases = nullptr, *hostapd = nullptr, *resolver = nullptr, *timeZone = nullptr;
     json_t *ports = nullptr, *radios = nullptr;
     int manageAddresses = profile.manageAddresses;
     json_error_t error;
     const int unpacked =
-        json_unpack_ex(from, &error, JSON_STRICT, "{s?s s?s s?s s?s s?s s?s s?s s?s s?o s?o s?b}", "description",
+        json_unpack_ex(from, &error, JSON_STRICT, "{s?s s?s s?s s?s s?s s?s s?s s?s s?s s?o s?o s?b}", "description",
                        &description, "hardwareVersion", &hardwareVersion, "bridge", &bridge, "restart", &restart,
-                       "clock", &clock, "leases", &leases, "hostapd", &hostapd, "resolver", &resolver, "ports", &ports,
-                       "radios", &radios, "manageAddresses", &manageAddresses);
+                       "clock", &clock, "leases", &leases, "hostapd", &hostapd, "resolver", &resolver, "timeZone",
+                       &timeZone, "ports", &ports, "radios", &radios, "manageAddresses", &manageAddresses);
     profile.manageAddresses = manageAddresses != 0;
     return understood(unpacked, error, why) &&
            take_text("description", description, kLongestDescription, profile.description, why) &&
@@ -196,6 +196,7 @@ bool read_profile(json_t* from, Profile& profile, std::string& why)
            take_text("leases", leases, kLongestPath, profile.leases, why) &&
            take_text("hostapd", hostapd, kLongestPath, profile.hostapd, why) &&
            take_text("resolver", resolver, kLongestPath, profile.resolver, why) &&
+           take_text("timeZone", timeZone, kLongestPath, profile.timeZone, why) &&
            take_list("ports", ports, kMostPorts, read_port, profile.ports, why) &&
            take_list("radios", radios, kMostRadios, read_radio, profile.radios, why);
 }

@@ -47,10 +47,11 @@ struct Profile {
     std::vector<ProfileRadio> radios;
     RestartMeans restart = RestartMeans::kDevice;
     ClockMeans clock = ClockMeans::kDevice;
-    bool manageAddresses = false;  // the service sets the LAN interface's address itself
+    bool manageAddresses = false;  // the service sets LAN address, gateway and name server of the machine itself
     std::string leases;            // the DHCP server's lease file; empty: none
     std::string hostapd;           // hostapd's control socket; empty: none
     std::string resolver;          // the file with the machine's name servers
+    std::string timeZone;          // the file with the machine's time zone, which the service writes; empty: left alone
 };
 
 // A small access point: LAN eth0, WAN eth1, radio wlan0.

@@ -67,27 +67,42 @@ int Server::listen(const std::string& path)
     return 0;
 }
 
+void Server::watch(int descriptor, std::function<void()> ready)
+{
+    watched_ = descriptor;
+    ready_ = std::move(ready);
+}
+
 void Server::run(int stop)
 {
+    enum Place : std::size_t { kStop, kListener, kWatched, kFirstClient };
     std::vector<pollfd> watched;
     for (;;) {
-        const bool accepts = Clock::now() >= acceptAgain_;
-        watched.assign({{stop, POLLIN, 0}, {accepts ? listener_ : -1, POLLIN, 0}});
-        for (const Client& client : clients_)
-            watched.push_back({client.socket, static_cast<short>(client.is_sending() ? POLLOUT : POLLIN), 0});
+        const auto now = Clock::now();
+        const bool accepts = now >= acceptAgain_;
+        watched.assign({{stop, POLLIN, 0}, {accepts ? listener_ : -1, POLLIN, 0}, {watched_, POLLIN, 0}});
+        for (const Client& client : clients_) watched.push_back({client.socket, awaited(client, now), 0});
 
         if (poll(watched.data(), watched.size(), timeout()) < 0 && errno != EINTR) {
             log_line(LOG_ERR, "poll: %s", std::strerror(errno));
             return;
         }
-        if (watched[0].revents != 0) return;
+        if (watched[kStop].revents != 0) return;
+        if (watched[kWatched].revents != 0) ready_();
         for (std::size_t i = 0; i < clients_.size(); i++) {
-            if (watched[i + 2].revents != 0) serve(clients_[i]);
+            if (watched[kFirstClient + i].revents != 0) serve(clients_[i]);
         }
         drop_late();
-        if (watched[1].revents != 0) accept_waiting();
+        if (watched[kListener].revents != 0) accept_waiting();
         std::erase_if(clients_, [](const Client& client) { return client.socket < 0; });
     }
+}
+
+// Of a client whose answer is held back only that it has gone.
+short Server::awaited(const Client& client, Clock::time_point now)
+{
+    if (client.is_held(now)) return 0;
+    return client.is_sending() ? POLLOUT : POLLIN;
 }
 
 // Milliseconds until something is due; -1: nothing is.
@@ -95,10 +110,13 @@ int Server::timeout() const
 {
     constexpr auto kNever = Clock::time_point::max();
     auto due = kNever;
-    for (const Client& client : clients_) {
-        if (!client.is_idle()) due = std::min(due, client.since + limits_.patience);
-    }
     const auto now = Clock::now();
+    for (const Client& client : clients_) {
+        if (client.is_held(now))
+            due = std::min(due, client.due);
+        else if (!client.is_idle())
+            due = std::min(due, client.since + limits_.patience);
+    }
     if (acceptAgain_ > now) due = std::min(due, acceptAgain_);
     if (due == kNever) return -1;
     const auto left = std::chrono::ceil<std::chrono::milliseconds>(due - now).count();
@@ -108,10 +126,13 @@ int Server::timeout() const
 // At most one request a turn, so that a client that sends without end does not keep the others waiting.
 void Server::serve(Client& client)
 {
+    const auto now = Clock::now();
+    if (client.is_held(now)) return drop(client);
     if (!client.is_sending()) {
         if (!receive(client)) return drop(client);
         if (client.received < kRecordSize) return;
         answer(client);
+        if (client.is_held(now)) return;
     }
     if (!send(client)) drop(client);
 }
@@ -137,7 +158,7 @@ void Server::answer(Client& client)
     client.output.assign(std::begin(answer.record.bytes), std::end(answer.record.bytes));
     client.output.insert(client.output.end(), answer.table.begin(), answer.table.end());
     client.sent = 0;
-    client.since = Clock::now();
+    client.since = client.due = Clock::now() + answer.delay;
 }
 
 bool Server::send(Client& client)
@@ -185,15 +206,18 @@ void Server::accept_waiting()
     clients_.push_back({.socket = socket, .since = Clock::now()});
 }
 
-// A client that has asked nothing for long is sent away for a new one: it connects again when it has a question.
+// A client that has asked nothing for long is sent away for a new one: it connects again when it has a question. Where
+// there is none it is one whose answer is held back: wrong passwords do not lock others out.
 bool Server::make_place()
 {
     const auto open = [](const Client& client) { return client.socket >= 0; };
     if (static_cast<std::size_t>(std::ranges::count_if(clients_, open)) < limits_.clients) return true;
 
+    const auto now = Clock::now();
     Client* oldest = nullptr;
     for (Client& client : clients_) {
-        if (client.socket >= 0 && client.is_idle() && (!oldest || client.since < oldest->since)) oldest = &client;
+        const bool yields = open(client) && (client.is_idle() || client.is_held(now));
+        if (yields && (!oldest || client.since < oldest->since)) oldest = &client;
     }
     if (oldest)
         drop(*oldest);

@@ -16,7 +16,7 @@ public:
     using Clock = std::chrono::steady_clock;
 
     struct Limits {
-        std::size_t clients = 32;
+        std::size_t clients = 80;
         Clock::duration patience = std::chrono::seconds(30);  // for the rest of a request, and for an answer to move on
     };
 
@@ -30,6 +30,9 @@ public:
     // 0 or an errno value.
     int listen(const std::string& path);
 
+    // Calls `ready` between two requests whenever the descriptor, the caller's, is readable. One at most; -1: none.
+    void watch(int descriptor, std::function<void()> ready);
+
     // Serves until `stop` is readable.
     void run(int stop);
 
@@ -41,11 +44,14 @@ private:
         std::vector<unsigned char> output{};
         std::size_t sent = 0;       // bytes of the output
         Clock::time_point since{};  // of the request's first byte, the output's last step, or the last answer
+        Clock::time_point due{};    // the output is held back until then
 
         bool is_sending() const { return !output.empty(); }
+        bool is_held(Clock::time_point now) const { return is_sending() && due > now; }
         bool is_idle() const { return received == 0 && !is_sending(); }
     };
 
+    static short awaited(const Client& client, Clock::time_point now);
     int timeout() const;
     void serve(Client& client);
     bool receive(Client& client);
@@ -60,6 +66,8 @@ private:
     Limits limits_;
     std::string path_;
     int listener_ = -1;
+    int watched_ = -1;
+    std::function<void()> ready_;
     std::vector<Client> clients_;
     Clock::time_point acceptAgain_{};  // the system had no room for another client until then
 };

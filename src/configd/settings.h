@@ -15,7 +15,7 @@
 
 using Bytes = std::vector<unsigned char>;
 
-enum class Kind : std::uint8_t { kText, kSecret, kNumber, kFlag, kChoice, kAddress, kMac };
+enum class Kind : std::uint8_t { kText, kSecret, kNumber, kFlag, kChoice, kAddress, kMac, kKey };
 
 struct Choice {
     std::uint32_t value;
@@ -107,10 +107,19 @@ template <class T> constexpr Setting mac(const char* key, T field)
 {
     return {.key = key, .kind = Kind::kMac, .at = field.at};
 }
+
+// Any bytes, zeros among them; hexadecimal in the file. Secret, as a key is: no log shows them.
+template <class T> constexpr Setting key_bytes(const char* key, T field)
+{
+    return {.key = key, .kind = Kind::kKey, .at = field.at};
+}
 }  // namespace row
 
 constexpr bool is_text(const Setting& row) { return row.kind == Kind::kText || row.kind == Kind::kSecret; }
-constexpr bool is_number(const Setting& row) { return !is_text(row) && row.kind != Kind::kMac; }
+constexpr bool is_number(const Setting& row)
+{
+    return !is_text(row) && row.kind != Kind::kMac && row.kind != Kind::kKey;
+}
 
 // A number within what the row takes, whatever its kind.
 bool takes_number(const Setting& row, std::int64_t value);
@@ -158,6 +167,7 @@ struct List {
     std::span<const Identity> identities;  // the first one is what a request deletes by
     std::size_t entrySize;
     std::size_t capacity;
+    ServiceStatus (*check)(const unsigned char* entry) = nullptr;  // what only several values together can break
 };
 
 // Everything that is stored, in the order of the file.

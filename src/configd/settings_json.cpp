@@ -4,6 +4,7 @@
 #include <arpa/inet.h>
 #include <cstdio>
 #include <cstring>
+#include <string>
 
 namespace {
 constexpr std::size_t kMacBytes = 6, kMacText = 3 * kMacBytes;  // two digits and a colon or the NUL each
@@ -65,6 +66,30 @@ int hex_digit(char c)
     return place == kDigits.npos ? -1 : static_cast<int>(place);
 }
 
+// The zeros behind the last other byte are left out.
+json_t* key_to_json(const Setting& row, const unsigned char* value)
+{
+    constexpr std::string_view kDigits = "0123456789abcdef";
+    std::size_t used = row.at.width;
+    while (used > 0 && value[used - 1] == 0) used--;
+    std::string text;
+    for (std::size_t i = 0; i < used; i++) text += {kDigits[value[i] >> 4], kDigits[value[i] & 0xF]};
+    return json_string(text.c_str());
+}
+
+bool key_from_json(const Setting& row, const json_t* json, unsigned char* value)
+{
+    const std::string_view text{json_string_value(json), json_string_length(json)};
+    if (text.size() % 2 != 0 || text.size() / 2 > row.at.width) return false;
+    std::memset(value, 0, row.at.width);
+    for (std::size_t i = 0; i < text.size(); i += 2) {
+        const int high = hex_digit(text[i]), low = hex_digit(text[i + 1]);
+        if (high < 0 || low < 0) return false;
+        value[i / 2] = static_cast<unsigned char>(high << 4 | low);
+    }
+    return true;
+}
+
 bool mac_from_json(const json_t* json, unsigned char* value)
 {
     const std::string_view text{json_string_value(json), json_string_length(json)};
@@ -88,6 +113,7 @@ json_t* value_to_json(const Setting& row, const unsigned char* value)
     case Kind::kChoice: return choice_to_json(row, get_number(row, value));
     case Kind::kAddress: return address_to_json(get_number(row, value));
     case Kind::kMac: return mac_to_json(value);
+    case Kind::kKey: return key_to_json(row, value);
     }
     return nullptr;
 }
@@ -103,6 +129,7 @@ bool value_from_json(const Setting& row, const json_t* json, unsigned char* valu
     case Kind::kChoice: return choice_from_json(row, json, value);
     case Kind::kAddress: return address_from_json(row, json, value);
     case Kind::kMac: return mac_from_json(json, value);
+    case Kind::kKey: return key_from_json(row, json, value);
     default: return text_from_json(row, json, value);
     }
 }

@@ -63,20 +63,20 @@ int sync_folder(const std::string& path)
     if (folder < 0) return errno;
     const int error = result_of(fsync(folder));
     close(folder);
-    return error;
+    return error == EINVAL ? 0 : error;  // a file system that has nothing to do for it
 }
 
 int make_folder(const std::string& path, unsigned mode)
 {
     if (mkdir(path.c_str(), mode) == 0) return result_of(chmod(path.c_str(), mode));  // whatever the umask is
-    if (errno == EEXIST) return 0;
-    const std::size_t parent = path.find_last_of('/');
-    if (errno != ENOENT || parent == path.npos || parent == 0) return errno;
+    return errno == EEXIST ? 0 : errno;
+}
 
-    constexpr unsigned kParentMode = 0755;
-    if (const int error = make_folder(path.substr(0, parent), kParentMode)) return error;
-    if (mkdir(path.c_str(), mode) != 0 && errno != EEXIST) return errno;
-    return result_of(chmod(path.c_str(), mode));
+std::string folder_of(const std::string& path)
+{
+    const std::size_t slash = path.find_last_of('/');
+    if (slash == path.npos) return ".";
+    return slash == 0 ? "/" : path.substr(0, slash);
 }
 }  // namespace
 
@@ -90,6 +90,8 @@ Storage posix_storage()
         .close = [](int file) { return result_of(close(file)); },
         .rename = [](const std::string& from,
                      const std::string& to) { return result_of(rename(from.c_str(), to.c_str())); },
+        .link = [](const std::string& from,
+                   const std::string& to) { return result_of(link(from.c_str(), to.c_str())); },
         .unlink = [](const std::string& path) { return result_of(unlink(path.c_str())); },
         .syncFolder = sync_folder,
         .makeFolder = make_folder,
@@ -99,6 +101,33 @@ Storage posix_storage()
                 return lstat(path.c_str(), &about) == 0;
             },
     };
+}
+
+int write_whole(const Storage& storage, const std::string& path, std::string_view content, Durable durable)
+{
+    int file = -1;
+    if (const int error = storage.create(path, file)) return error;
+    int error = storage.write(file, content);
+    if (error == 0 && durable == Durable::kYes) error = storage.sync(file);
+    const int closed = storage.close(file);
+    if (error == 0) error = closed;
+    if (error != 0) storage.unlink(path);
+    return error;
+}
+
+int make_folders(const Storage& storage, const std::string& folder, unsigned mode)
+{
+    constexpr unsigned kParentMode = 0755;
+    const std::string parent = folder_of(folder);
+    if (parent == folder) return 0;
+    if (const int error = make_folders(storage, parent, kParentMode)) return error;
+    if (!storage.exists(folder)) {
+        if (const int error = storage.makeFolder(folder, mode)) return error;
+    }
+    // One that is there may have been made just before an earlier service ended: its entry is written out all the same.
+    // Where the folder above may not even be read, it is not the service that makes folders in it.
+    const int error = storage.syncFolder(parent);
+    return error == EACCES ? 0 : error;
 }
 
 ServiceStatus storage_status(int error)

@@ -1,7 +1,7 @@
 // The configuration in force and the saved one, and their files. Running is written whole after each change, so that a
 // crash of the service alone loses nothing; saved is replaced by temporary file, fsync, rename and fsync of the folder,
-// so that a power cut at any instant leaves the old or the new one. The version before is kept beside it. Nothing
-// saved: factory.
+// so that a power cut at any instant leaves the old or the new one. The version before is kept beside it as a second
+// name of the same file. Nothing saved: factory.
 #pragma once
 
 #include <string>
@@ -11,7 +11,7 @@
 
 struct Folders {
     std::string runtime;  // running.json; emptied when the device starts
-    std::string state;    // config.json, config.previous.json, config.rejected-N.json
+    std::string state;    // config.json, config.previous.json, config.rejected-N.json, notice
 };
 
 class Store {
@@ -24,6 +24,10 @@ public:
 
     const Configuration& running() const { return running_; }
 
+    // What the operator is to know about files that were set aside, a line without its end; empty: nothing. It lasts,
+    // across restarts too, until the configuration is saved or cleared.
+    const std::string& notice() const { return notice_; }
+
     // On a status other than kStatusOk the running configuration is what it was.
     ServiceStatus change(Configuration next);
 
@@ -33,7 +37,8 @@ public:
     // Running becomes what is saved, as when the device restarts.
     void restore();
 
-    // Running and saved become factory. Nothing is written, so a full disk does not hinder it.
+    // Running and saved become factory, and what was set aside goes too: nothing of the old is left on the device.
+    // Nothing is written, so a full disk does not hinder it.
     ServiceStatus clear();
 
     static constexpr unsigned kRuntimeMode = 0755, kStateMode = 0700;  // of folders that are made
@@ -41,17 +46,29 @@ public:
     static constexpr int kMostRejected = 9;
 
 private:
-    enum class Loaded { kYes, kNoFile, kRejected };
-    Loaded load(const std::string& path, Configuration& into);
-    void set_aside(const std::string& path, const std::string& why);
+    enum class Loaded { kYes, kNoFile, kSetAside, kInTheWay };  // what cannot be set aside is in the way of a save
+    struct File {
+        std::string path;
+        const char* name;  // as the notice calls it
+    };
+    Loaded load(const File& file, Configuration& into);
+    bool set_aside(const File& file, const std::string& why);
     Configuration saved();
-    int write_new(const std::string& path, const std::string& content, bool durable);
-    int replace_saved(const std::string& fresh);
+    int make_state_folder();
+    int keep_previous();
+    int forget_saved();
     int forget(const std::string& path);
+    void read_notice();
+    void give_notice(const char* inForce);
+    void drop_notice();
 
     const Model& model_;
     Storage storage_;
     Folders folders_;
-    std::string runningFile_, savedFile_, previousFile_;
+    File runningFile_, savedFile_, previousFile_;
+    std::string noticeFile_;
+    bool folderIsSafe_ = false;
+    std::string rejections_;  // of files that were set aside just now: what the next notice begins with
+    std::string notice_;
     Configuration running_;
 };

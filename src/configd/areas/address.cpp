@@ -1,9 +1,11 @@
 // The IP settings of the LAN and the WAN side.
 #include "configd/areas/address.h"
 
+#include <cerrno>
 #include <cstring>
 
 #include "configd/areas/areas.h"
+#include "configd/areas/ipv4.h"
 #include "configd/log.h"
 #include "service/codes.h"
 #include "service/fields/address.h"
@@ -13,29 +15,14 @@ using namespace address_record;
 
 constexpr Choice kModes[] = {{kAutomatic, "automatic"}, {kStatic, "static"}};
 
-// A netmask's bits stand in one block from the top.
-bool is_netmask(std::int64_t value)
-{
-    const auto holes = ~static_cast<std::uint32_t>(value);
-    return (holes & (holes + 1)) == 0;
-}
-
-// An address that one machine can have.
-bool is_host(std::uint32_t value)
-{
-    constexpr std::uint32_t kThisNetwork = 0, kLoopback = 127, kMulticast = 224;
-    const std::uint32_t first = value >> 24;
-    return first != kThisNetwork && first != kLoopback && first < kMulticast;
-}
-
 ServiceStatus check(const unsigned char* image)
 {
     if (mode.get(image) != kStatic) return kStatusOk;
     const std::uint32_t own = address.get(image), mask = netmask.get(image), router = gateway.get(image);
-    if (!is_host(own) || mask == 0) return kStatusAddressOutOfRange;
-    const bool hasEnds = ~mask > 1;  // a network of one or two addresses has no network and broadcast address
-    if (hasEnds && ((own & ~mask) == 0 || (own | mask) == 0xFFFFFFFF)) return kStatusAddressOutOfRange;
-    if (router != 0 && (router & mask) != (own & mask)) return kStatusAddressOutOfRange;
+    if (mask == 0 || !is_host_or_none(primaryDns.get(image))) return kStatusValueRefused;
+    if (!is_host_of_network(own, mask)) return kStatusAddressOutOfRange;
+    if (router != 0 && ((router & mask) != (own & mask) || !is_host_of_network(router, mask)))
+        return kStatusAddressOutOfRange;
     return kStatusOk;
 }
 
@@ -82,14 +69,72 @@ ServiceStatus read_address(Call& call)
     return kStatusOk;
 }
 
+// The router that the LAN's settings name; 0: none. The device's own address stands for none as well: the console
+// cannot ask for an address without one.
+std::uint32_t router_of(const Bytes& lan)
+{
+    const std::uint32_t router = gateway.get(lan.data());
+    return mode.get(lan.data()) == kStatic && router != address.get(lan.data()) ? router : 0;
+}
+
+std::string lan_carrier(const Profile& profile)
+{
+    const ProfilePort* port = port_of_role(profile, PortRole::kLan);
+    return port && profile.bridge.empty() ? port->interface : profile.bridge;
+}
+
+device::Route default_route(const std::string& interface, std::uint32_t router)
+{
+    device::Route route{.gateway = router};
+    interface.copy(route.interface, sizeof route.interface - 1);
+    return route;
+}
+
+int apply_router(const Service& service, const std::string& interface, std::uint32_t old, std::uint32_t wanted)
+{
+    if (old != 0 && old != wanted) {
+        const int error = service.device.delete_route(default_route(interface, old));
+        if (error != 0 && error != ESRCH) return error;  // it may have gone with the interface's old address
+    }
+    const int error = wanted == 0 ? 0 : service.device.add_route(default_route(interface, wanted));
+    return error == EEXIST ? 0 : error;  // it is there already, or the WAN side has one, which goes first
+}
+
+// The server of the settings first, then the machine's own, without the one that the settings named before.
+int apply_name_server(const Service& service, std::uint32_t old, std::uint32_t wanted)
+{
+    const char* file = service.profile.resolver.c_str();
+    const auto present = service.device.read_name_servers(file);
+    std::array<std::uint32_t, 2> servers{wanted};
+    std::size_t count = wanted == 0 ? 0 : 1;
+    for (const std::uint32_t each : present)
+        if (each != 0 && each != old && each != wanted && count < servers.size()) servers[count++] = each;
+    return servers == present ? 0 : service.device.set_name_servers(file, servers);
+}
+
+// Makes the machine's LAN what the settings say, where the profile leaves that to the service. 0 or an errno value.
+int apply_lan(const Service& service, const Bytes& before)
+{
+    const Bytes& lan = service.store.running().values(kLan);
+    const std::string carrier = lan_carrier(service.profile);
+    if (!service.profile.manageAddresses || mode.get(lan.data()) != kStatic || carrier.empty()) return 0;
+    int error = service.device.set_address(carrier.c_str(), address.get(lan.data()), netmask.get(lan.data()));
+    if (error == 0) error = apply_router(service, carrier, router_of(before), router_of(lan));
+    if (error == 0) error = apply_name_server(service, primaryDns.get(before.data()), primaryDns.get(lan.data()));
+    return error;
+}
+
 ServiceStatus write_address(Call& call)
 {
     const Section* section = requested_section(call);
     if (!section) return kStatusUnknownName;
-    const Configuration before = call.service.store.running();
+    Service& service = call.service;
+    const Configuration before = service.store.running();
     if (const ServiceStatus refused = write_rows(call, *section, section->settings)) return refused;
-    if (const int error = section == &kLan ? apply_lan_address(call.service) : 0) {
-        call.service.store.change(before);
+    if (const int error = section == &kLan ? apply_lan(service, before.values(kLan)) : 0) {
+        const Bytes refused = service.store.running().values(kLan);
+        service.store.change(before);
+        apply_lan(service, refused);
         return device::status_of(error);
     }
     return read_address(call);
@@ -122,11 +167,9 @@ std::array<std::uint32_t, 2> name_servers(const Service& service)
     return set == 0 ? servers : std::array{set, servers[0] == set ? servers[1] : servers[0]};
 }
 
-int apply_lan_address(const Service& service)
+device::Route lan_default_route(const Service& service)
 {
-    const Bytes& lan = service.store.running().values(kLan);
-    const ProfilePort* port = port_of_role(service.profile, PortRole::kLan);
-    if (!service.profile.manageAddresses || mode.get(lan.data()) != kStatic || !port) return 0;
-    const std::string& carrier = service.profile.bridge.empty() ? port->interface : service.profile.bridge;
-    return service.device.set_address(carrier.c_str(), address.get(lan.data()), netmask.get(lan.data()));
+    return default_route(lan_carrier(service.profile), router_of(service.store.running().values(kLan)));
 }
+
+int apply_lan_address(const Service& service) { return apply_lan(service, service.store.running().values(kLan)); }

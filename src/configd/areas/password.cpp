@@ -29,23 +29,30 @@ std::string_view typed(const ComParam& request, TextField field)
 
 void warn() { log_line(LOG_WARNING, "the factory password is still in force; change it"); }
 
+// The answer to a wrong one is held back.
+bool is_right(Call& call, const char* purpose)
+{
+    Attempts& attempts = call.service.attempts;
+    if (password_matches(hash_of(call.service), typed(call.request, password_record::password))) {
+        attempts.right();
+        return true;
+    }
+    call.answer.delay = attempts.wrong();
+    log_line(LOG_NOTICE, "a wrong password was given%s", purpose);
+    return false;
+}
+
 ServiceStatus check_password(Call& call)
 {
-    const std::string_view password = typed(call.request, password_record::password);
-    if (!password_matches(hash_of(call.service), password)) {
-        log_line(LOG_NOTICE, "a wrong password was given");
-        return kStatusWrongPassword;
-    }
-    if (password == kFactoryPassword) warn();
+    if (!is_right(call, "")) return kStatusWrongPassword;
+    if (typed(call.request, password_record::password) == kFactoryPassword) warn();
+    password_record::notice.set(call.answer.record, call.service.store.notice().c_str());
     return kStatusOk;
 }
 
 ServiceStatus change_password(Call& call)
 {
-    if (!password_matches(hash_of(call.service), typed(call.request, password_record::password))) {
-        log_line(LOG_NOTICE, "a wrong password was given to change it");
-        return kStatusWrongPassword;
-    }
+    if (!is_right(call, " to change it")) return kStatusWrongPassword;
     const std::string_view fresh = typed(call.request, password_record::newPassword);
     if (fresh.empty() || fresh.size() > kLongestPassword) return kStatusPasswordRefused;
     const std::string hash = hash_password(fresh);
