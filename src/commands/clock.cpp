@@ -2,12 +2,12 @@
 // command table with their identifiers makes them available.
 #include <array>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <ctime>
 
 #include "commands/command.h"
 #include "commands/time_zone.h"
+#include "console/messages.h"
 #include "service/fields/time.h"
 #include "service/time_zones.h"
 
@@ -18,9 +18,7 @@ constexpr std::size_t kShownName = 9;  // characters of a display name that are 
 std::tm local_time(const ComParam& time)
 {
     const std::time_t now = time_record::now.get(time);
-    std::tm local{};
-    localtime_r(&now, &local);
-    return local;
+    return *std::localtime(&now);
 }
 
 // Byte `index` of a packed-BCD word, as a number.
@@ -45,9 +43,15 @@ bool write_time()
     return written.ok();
 }
 
-bool write_local_time(std::tm local)
+// A moment that the record cannot hold (before 1970 in a zone east of it, beyond what the C library counts) is refused.
+bool write_local_time(std::tm local, int term, Message refusal)
 {
-    time_record::now.set(usrComParam, static_cast<std::uint32_t>(std::mktime(&local)));
+    const std::int64_t seconds = std::mktime(&local);
+    if (seconds < 0 || seconds > UINT32_MAX) {
+        PrintMsg(term, refusal);
+        return false;
+    }
+    time_record::now.set(usrComParam, static_cast<std::uint32_t>(seconds));
     return write_time();
 }
 }  // namespace
@@ -71,8 +75,7 @@ void CliShowTime(ActionBlock&, int)
 {
     if (!read_time()) return;
     const std::tm local = local_time(usrComParam);
-    char text[32];  // asctime_r needs 26
-    std::printf("Time (%s): %s\n", zone_name(usrComParam), asctime_r(&local, text));
+    std::printf("Time (%s): %s\n", zone_name(usrComParam), std::asctime(&local));
 }
 
 void CliSetDate(ActionBlock& call, int term)
@@ -85,7 +88,7 @@ void CliSetDate(ActionBlock& call, int term)
     local.tm_mday = bcd_field(date, 1);
     local.tm_year = year < kPivotYear ? year + 100 : year;
     local.tm_isdst = -1;  // the other date may lie on the other side of a change of the clock
-    if (write_local_time(local)) CliShowDate(call, term);
+    if (write_local_time(local, term, kInvalidDate)) CliShowDate(call, term);
 }
 
 void CliSetTime(ActionBlock& call, int term)
@@ -96,7 +99,7 @@ void CliSetTime(ActionBlock& call, int term)
     local.tm_hour = bcd_field(time, 0);
     local.tm_min = bcd_field(time, 1);
     local.tm_sec = bcd_field(time, 2);
-    if (write_local_time(local)) CliShowTime(call, term);
+    if (write_local_time(local, term, kInvalidTime)) CliShowTime(call, term);
 }
 
 // The text that is looked for has no colon and the display names have one, so no zone is ever found and the record goes
@@ -104,10 +107,10 @@ void CliSetTime(ActionBlock& call, int term)
 void CliSetTimezone(ActionBlock& call, int term)
 {
     if (!read_time()) return;
-    const int minutes = static_cast<int>(call.parms.value[0]);
-    const int distance = std::abs(minutes);
+    const std::int64_t minutes = static_cast<std::int32_t>(call.parms.value[0]);
+    const auto distance = static_cast<unsigned>(minutes < 0 ? -minutes : minutes);
     char wanted[32];
-    std::snprintf(wanted, sizeof wanted, "%c%02d%02d", minutes <= 0 ? '-' : '+', distance / 60, distance % 60);
+    std::snprintf(wanted, sizeof wanted, "%c%02u%02u", minutes <= 0 ? '-' : '+', distance / 60, distance % 60);
 
     for (std::size_t i = 0; i < tzFileName.size(); ++i) {
         char name[kShownName + 1];

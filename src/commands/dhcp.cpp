@@ -40,8 +40,7 @@ void switch_server(ActionBlock& call, int term, std::uint8_t state)
 void print_lease(unsigned char* entry)
 {
     const std::time_t expiry = dhcp_entry::expiry.get(entry);
-    std::tm local{};
-    localtime_r(&expiry, &local);
+    const std::tm local = *std::localtime(&expiry);
     char expires[64];
     std::snprintf(expires, sizeof expires, "%d-%d-%d %d:%d:%d", local.tm_mon + 1, local.tm_mday, local.tm_year + 1900,
                   local.tm_hour, local.tm_min, local.tm_sec);

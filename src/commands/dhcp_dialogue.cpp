@@ -1,4 +1,6 @@
 // set dhcp server: the pool, the gateway, the lease time and the name servers, question by question.
+#include <cstring>
+
 #include "commands/command.h"
 #include "commands/lan_address.h"
 #include "console/messages.h"
@@ -8,8 +10,6 @@
 #include "service/fields/dhcp.h"
 #include "values/format.h"
 #include "values/range.h"
-
-#include <cstring>
 
 namespace {
 using namespace dhcp_record;

@@ -12,3 +12,7 @@ struct InterfaceNames {
 
 // Fills the list and returns its count; 0 after reporting why, when the service refuses.
 int CliGetIfNames(InterfaceNames& names);
+
+// The same from the service's list of interfaces, which tells their number as well. A refusal is not reported.
+int CliQueryIfNumber();
+int CliGetIfList(InterfaceNames& names);

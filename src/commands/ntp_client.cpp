@@ -1,4 +1,7 @@
 // The NTP client, which keeps the clock right: shown, switched, and set in a dialogue that also chooses the time zone.
+#include <cstdio>
+#include <cstring>
+
 #include "commands/command.h"
 #include "commands/time_zone.h"
 #include "console/messages.h"
@@ -10,13 +13,18 @@
 #include "values/format.h"
 #include "values/range.h"
 
-#include <cstdio>
-#include <cstring>
-
 namespace {
 using namespace time_record;
 
-enum Stage : std::uint32_t { kOver = 0, kAskZone = 237, kAskByAddress, kAskAddress, kAskName, kAskInterval, kAskEnable };
+enum Stage : std::uint32_t {
+    kOver = 0,
+    kAskZone = 237,
+    kAskByAddress,
+    kAskAddress,
+    kAskName,
+    kAskInterval,
+    kAskEnable
+};
 
 constexpr char kRow[] = "%-30s%-25s\n";
 constexpr char kUnspecified[] = "Unspecified";

@@ -26,6 +26,7 @@ Outcome password_request(std::uint16_t operation, const char* password, const ch
 {
     password_record::password.set(usrComParam, password);
     if (newPassword) password_record::newPassword.set(usrComParam, newPassword);
+    password_record::notice.clear(usrComParam);  // what is there afterwards is the service's
     const Outcome outcome = write_record(operation);
     password_record::password.clear(usrComParam);
     password_record::newPassword.clear(usrComParam);

@@ -4,6 +4,7 @@
 
 #include "commands/command.h"
 #include "console/messages.h"
+#include "prompts/dialogue.h"
 #include "prompts/prompts.h"
 #include "prompts/validators.h"
 
@@ -19,7 +20,7 @@ enum class Confirmation { pending, no, yes };
 // Takes the answer to a question that has no default: asked again until it is yes or no.
 Confirmation confirmed(ActionBlock& call, int term)
 {
-    char* answer = reinterpret_cast<char*>(call.parms.value[call.parms.count]);
+    char* answer = answer_text(call);
     if (*answer != 0) {
         const std::uint32_t refusal = parse_yesno(answer, call.parms);
         if (refusal == kOk) {
@@ -32,28 +33,31 @@ Confirmation confirmed(ActionBlock& call, int term)
     return Confirmation::pending;
 }
 
+// The bare operation, nothing else in the record.
+Outcome request(std::uint16_t operation) { return read_record(operation); }
+
 void clear_and_restart()
 {
     // The status words are not looked at: whatever the service could not clear, a restart follows.
-    if (const std::uint32_t failed = write_record(code::kClearConfiguration).exchange) {
+    if (const std::uint32_t failed = request(code::kClearConfiguration).exchange) {
         CliPrintServiceError(failed, kSystemGroup);
         return;
     }
     std::printf("\nRebooting...\n");
-    if (const std::uint32_t failed = write_record(code::kRestart).exchange) CliPrintServiceError(failed, kSystemGroup);
+    if (const std::uint32_t failed = request(code::kRestart).exchange) CliPrintServiceError(failed, kSystemGroup);
 }
 
 void restart()
 {
     std::printf("reboot...\r\n");
-    if (const Outcome outcome = write_record(code::kRestart); !outcome.ok())
+    if (const Outcome outcome = request(code::kRestart); !outcome.ok())
         CliPrintServiceError(outcome.status, kSystemGroup);
 }
 }  // namespace
 
 void CliSaveConfig(ActionBlock&, int)
 {
-    if (const Outcome saved = write_record(code::kSaveConfiguration); !saved.ok())
+    if (const Outcome saved = request(code::kSaveConfiguration); !saved.ok())
         CliPrintServiceError(saved.reason(), kSystemGroup);
     else
         std::printf("Save configure successfully!\r\n");

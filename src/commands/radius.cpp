@@ -95,11 +95,12 @@ void DisplayRadiusServer(const RadiusEntry& entry)
                 secret.get(usrComParam));
 }
 
-ForgetSecret::~ForgetSecret()
+void forget_secret(std::initializer_list<ComParam*> records)
 {
-    for (ComParam* held : {&usrComParam, &wizardParam, &oldWizardParam})
-        explicit_bzero(held->bytes + secret.at.offset, secret.at.width);
+    for (ComParam* held : records) explicit_bzero(held->bytes + secret.at.offset, secret.at.width);
 }
+
+ForgetSecret::~ForgetSecret() { forget_secret({&usrComParam, &wizardParam, &oldWizardParam}); }
 
 void CliShowRadiusSrvPrimary(ActionBlock&, int) { DisplayRadiusServer(kPrimaryRadius); }
 void CliShowRadiusSrvSecondary(ActionBlock&, int) { DisplayRadiusServer(kSecondaryRadius); }

@@ -1,9 +1,10 @@
 // What the RADIUS handlers share: the two entries and how they are read and written.
 #pragma once
 
-#include "service/client.h"
-
 #include <cstdint>
+#include <initializer_list>
+
+#include "service/client.h"
 
 struct RadiusEntry {
     const char* name;   // the key of every request
@@ -17,7 +18,10 @@ Outcome radius_request(const RadiusEntry& entry, std::uint16_t code);
 
 void DisplayRadiusServer(const RadiusEntry& entry);
 
-// Takes the shared secret out of the working records when a command is done: they go out with later requests.
+// Takes the shared secret out of records that go out with later requests.
+void forget_secret(std::initializer_list<ComParam*> records);
+
+// Does so with all the working records when a command is done.
 struct ForgetSecret {
     ~ForgetSecret();
 };

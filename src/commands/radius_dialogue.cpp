@@ -1,4 +1,7 @@
 // add radius server primary | secondary: address, port, shared secret and state of an entry.
+#include <cstdio>
+#include <cstring>
+
 #include "commands/command.h"
 #include "commands/lan_address.h"
 #include "commands/radius.h"
@@ -8,9 +11,6 @@
 #include "prompts/validators.h"
 #include "service/fields/radius.h"
 #include "values/format.h"
-
-#include <cstdio>
-#include <cstring>
 
 namespace {
 using namespace radius_record;
@@ -90,6 +90,7 @@ bool begin(const RadiusEntry& entry)
     asked = &entry;
     const Outcome read = radius_request(entry, code::kReadRadius);
     wizardParam = oldWizardParam = usrComParam;
+    forget_secret({&usrComParam});  // the dialogue may be left without an end
     if (read.exchange) CliPrintServiceError(read.exchange, kRadiusGroup);
     return read.exchange == 0;
 }
@@ -101,10 +102,9 @@ void finish(const RadiusEntry& entry)
     usrComParam = wizardParam;
     const Outcome written = radius_request(entry, code::kWriteRadius);
     const Outcome applied = radius_request(entry, code::kApplyRadius);
-    if (const Outcome& failed = written.ok() ? applied : written; !failed.ok())
-        CliPrintServiceError(failed.reason(), kRadiusGroup);
-    else
-        DisplayRadiusServer(entry);
+    if (!applied.ok()) return void(CliPrintServiceError(applied.reason(), kRadiusGroup));
+    if (!written.ok()) CliPrintServiceError(written.reason(), kRadiusGroup);
+    DisplayRadiusServer(entry);
 }
 
 void AddRadiusServer(const RadiusEntry& entry, ActionBlock& call, int term)

@@ -29,7 +29,7 @@ Outcome write_mode(const char* interface, std::uint32_t mode)
 bool write_every_interface(std::uint32_t mode)
 {
     InterfaceNames names;
-    if (CliGetIfNames(names) <= 0) {
+    if (CliQueryIfNumber() <= 0 || CliGetIfList(names) <= 0) {
         std::printf(" error while getting visible interface number\n");
         return false;
     }

@@ -1,9 +1,9 @@
 // RIP per interface. No row of the dispatch table names these yet; a row makes its line available.
 #pragma once
 
-#include "console/session.h"
-
 #include <cstdint>
+
+#include "console/session.h"
 
 void CliShowRIP(ActionBlock& call, int term);  // of the named interface, or of all without a parameter
 

@@ -1,7 +1,6 @@
 // Static routes, the default route, and the routing table that follows every change of them.
 #include "service/fields/routes.h"
 
-#include <arpa/inet.h>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>

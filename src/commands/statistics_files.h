@@ -1,12 +1,12 @@
 // Where interface counters come from: /proc/net/dev (proc(5)), and the file that keeps the counters as they were when
 // they were last cleared. That file lies in /tmp, where anybody may put anything: it is opened without following
-// links, must be a plain file of ours, and nothing but its numbers is believed.
+// links, must be a plain file of this user with no other name, and nothing but its numbers is believed.
 #pragma once
-
-#include "commands/interface_list.h"
 
 #include <cstdint>
 #include <span>
+
+#include "commands/interface_list.h"
 
 struct StatisticsRow {
     static constexpr int kCounters = 6;
@@ -33,4 +33,4 @@ int CliReadIfStatsOffsets(StatisticsTable& table);  // rows of interfaces that a
 int CliReadIfStatsProc(StatisticsTable& table);
 
 bool offset_file_readable();
-bool write_offset_file(StatisticsTable& table);  // the whole file; printed when it fails
+bool write_offset_file(StatisticsTable& table);  // the whole file; prints that it failed

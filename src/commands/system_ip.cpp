@@ -1,4 +1,8 @@
 // The LAN address: shown with what Linux knows of gateway and resolver, and set in a dialogue.
+#include <arpa/inet.h>
+#include <cstdio>
+#include <cstring>
+
 #include "commands/command.h"
 #include "commands/default_gateway.h"
 #include "commands/lan_address.h"
@@ -9,10 +13,6 @@
 #include "service/fields/address.h"
 #include "service/fields/system.h"
 #include "values/format.h"
-
-#include <arpa/inet.h>
-#include <cstdio>
-#include <cstring>
 
 namespace {
 using namespace address_record;

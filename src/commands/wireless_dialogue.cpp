@@ -1,4 +1,9 @@
 // The wireless port in a dialogue: network name, broadcasting, domain and channel, WEP keys, radio timing.
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+#include <initializer_list>
+
 #include "commands/command.h"
 #include "console/messages.h"
 #include "prompts/dialogue.h"
@@ -6,10 +11,6 @@
 #include "prompts/validators.h"
 #include "service/fields/wireless_settings.h"
 #include "values/wep_key.h"
-
-#include <algorithm>
-#include <cstdio>
-#include <cstring>
 
 namespace {
 using namespace wireless_record;
@@ -191,20 +192,21 @@ constexpr Question kQuestions[] = {
 };
 // clang-format on
 
+// The keys and the passphrase do not stay in records that go out with later requests.
+void forget_keys(std::initializer_list<ComParam*> records)
+{
+    for (ComParam* held : records)
+        explicit_bzero(held->bytes + keyType[0].at.offset, hidden.at.offset - keyType[0].at.offset);
+}
+
 // The record is not cleared before the request, and the answer's status is not looked at.
 bool begin()
 {
     const Outcome read = write_record(code::kReadWirelessSettings);
     wizardParam = oldWizardParam = usrComParam;
+    forget_keys({&usrComParam});  // the dialogue may be left without an end
     if (read.exchange) CliPrintServiceError(read.exchange, kRadiusGroup);
     return read.exchange == 0;
-}
-
-// The keys and the passphrase do not stay in records that go out with later requests.
-void forget_keys()
-{
-    for (ComParam* held : {&usrComParam, &wizardParam, &oldWizardParam})
-        explicit_bzero(held->bytes + keyType[0].at.offset, hidden.at.offset - keyType[0].at.offset);
 }
 
 void finish()
@@ -214,7 +216,7 @@ void finish()
         if (const Outcome written = write_record(code::kWriteWirelessSettings); !written.ok())
             CliPrintServiceError(written.reason(), kRadiusGroup);
     }
-    forget_keys();
+    forget_keys({&usrComParam, &wizardParam, &oldWizardParam});
 }
 }  // namespace
 

@@ -552,6 +552,14 @@ char* wrap(const char* text, char* out)
     return std::copy(line, end, out);
 }
 
+void print_wrapped(int term, const char* text, const char* ending)
+{
+    char lines[2 * kMessageSize];
+    char* const end = wrap(text, lines);
+    std::memcpy(end, ending, std::strlen(ending) + 1);
+    prn_msg(term, lines);
+}
+
 // The text as a printf format that prints it; null when there is no memory.
 char* as_format(const char* text)
 {
@@ -585,11 +593,7 @@ int PrintMsg(int term, std::uint32_t number, ...)
     compose(text, message, arguments);
     va_end(arguments);
 
-    char lines[2 * kMessageSize];
-    char* const end = wrap(text, lines);
-    const char* const ending = number == kContinueQuestion ? "" : kEnding[severity(message)];
-    std::memcpy(end, ending, std::strlen(ending) + 1);
-    prn_msg(term, lines);
+    print_wrapped(term, text, number == kContinueQuestion ? "" : kEnding[severity(message)]);
     return 0;
 }
 
@@ -604,6 +608,14 @@ int SPrintMsg(char* buffer, std::uint32_t number, ...)
     const char* const ending = kEnding[severity(message)];
     std::memcpy(buffer + std::strlen(buffer), ending, std::strlen(ending) + 1);
     return 0;
+}
+
+void print_warning(int term, const char* text)
+{
+    constexpr auto kSeverity = static_cast<std::size_t>(Severity::warning);
+    char line[kMessageSize - kLongestEnding];
+    std::snprintf(line, sizeof line, "%s%s", kPrefix[kSeverity], text);
+    print_wrapped(term, line, kEnding[kSeverity]);
 }
 
 int PatchMsg(int mode, std::uint32_t number, ...)

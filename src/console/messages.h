@@ -8,6 +8,9 @@
 
 enum Message : std::uint32_t {
     kOk = 0,
+    kNameNotFound = 17,
+    kNameInUse = 18,
+    kInvalidInterface = 19,
     kManagementTimeout = 108,
     kSaveSucceeded = 110,
     kSaveFailed = 111,
@@ -19,6 +22,12 @@ enum Message : std::uint32_t {
     kResetting = 117,
     kRevertingToFactory = 118,
     kStatisticsCleared = 119,
+    kNatEnabled = 155,
+    kNatDisabled = 156,
+    kRedirectionAdded = 157,
+    kRedirectionDeleted = 158,
+    kDefaultDmzChanged = 159,
+    kDmzTableChanged = 160,
     kContinueQuestion = 186,
     kAdvancedPromptMode = 193,
     kExpressPromptMode = 194,
@@ -52,16 +61,38 @@ enum Message : std::uint32_t {
     kConfirmationDiffers = 246,
     kWrongPassword = 247,
     kInvalidIPAddress = 248,
+    kNetmaskRule = 249,
     kStringRule = 251,  // takes the limit
     kInvalidMACAddress = 253,
     kPasswordLength = 256,
     kInvalidTime = 268,
     kSessionTimeoutRange = 269,
     kYesOrNo = 276,
+    kNatProtocolRule = 297,
+    kFilterProtocolRule = 298,
     kTcpUdpPortRange = 299,
+    kEndingPortBelowStarting = 300,
+    kSingleOrRange = 301,
+    kFilterPortRule = 302,
+    kFilterAddressRule = 303,
+    kFilterDirectionRule = 304,
+    kFilterActionRule = 305,
+    kIpFilterNameRule = 308,
+    kRedirectionTypeRule = 310,
+    kRedirectNameRule = 311,
+    kMultiDmzNameRule = 312,
     kInvalidDecimal = 313,
+    kPublicPortRange = 319,
+    kLocalPortRange = 320,
+    kTriggeringPortRange = 321,
+    kOpenedPortRange = 322,
+    kLocalServerRule = 324,
+    kNatAddressRule = 325,
+    kDmzHostRule = 326,
     kInvalidTimezone = 334,
+    kInvalidNatAddress = 335,
     kInvalidPrivatePort = 337,
+    kInvalidPortRange = 340,
     kRadiusPortRange = 359,
     kRadiusRetryRange = 361,
     kRegulatoryDomain = 362,
@@ -119,6 +150,9 @@ int PrintMsg(int term, std::uint32_t number, ...);
 
 // The same text with its line ending into `buffer` (kMessageSize bytes), not wrapped. Returns 0.
 int SPrintMsg(char* buffer, std::uint32_t number, ...);
+
+// Prints a text that the catalog does not have as PrintMsg prints a warning; cut to the room of a message.
+void print_warning(int term, const char* text);
 
 // Formats the text of `number` aside. Mode 2: the next print of that number shows it instead, once. Any other mode: it
 // becomes the catalog text for good. Returns 0.

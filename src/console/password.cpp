@@ -10,6 +10,8 @@
 #include "console/messages.h"
 #include "console/terminal.h"
 #include "prompts/prompts.h"
+#include "service/client.h"
+#include "service/fields/password.h"
 
 namespace {
 constexpr int kMajor = 1, kMinor = 8;
@@ -40,6 +42,13 @@ bool accepted(const Session& slot)
     return correct;
 }
 
+void print_notice(const Session& slot)
+{
+    const char* const notice = password_record::notice.get(usrComParam);
+    if (*notice) print_warning(slot.term, notice);
+    password_record::notice.clear(usrComParam);
+}
+
 void submit(Session& slot)
 {
     if (accepted(slot)) {
@@ -47,6 +56,7 @@ void submit(Session& slot)
         slot.state = kLoggedIn;
         prn_msg(slot.term, "\r\n\n");
         PrintMsg(slot.term, kWelcome);
+        print_notice(slot);
         prn_msg(slot.term, Prompt[slot.term]);
     } else {
         prn_msg(slot.term, "\n");

@@ -9,6 +9,7 @@
 #include <libintl.h>
 #include <pwd.h>
 #include <string_view>
+#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <syslog.h>
 #include <unistd.h>
@@ -156,6 +157,7 @@ void go_home()
 
 void run_front_end(int argc, char** argv)
 {
+    prctl(PR_SET_DUMPABLE, 0);  // passwords are typed here: no core dump has them
     start_signals();
     set_language();
     setpriority(PRIO_PROCESS, 0, 0);

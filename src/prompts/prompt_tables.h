@@ -65,7 +65,7 @@ inline constexpr const char* CliNatPrompt[15] = {
     " enter ending port number (%d, 1-65535): ",
     " enter local server IP address (%s): ",
     " enter triggering port number (%d, 1-65535): ",
-    " enter opened port range (%s, up to 3 ranges): ",
+    " enter opened port range (%s, port or first-last, up to 3 ranges): ",
     " do you want to enter another range (%s, yes/no): ",
     " select opened protocol (%s, tcp/udp/both): ",
 };

@@ -86,6 +86,21 @@ TEST_F(PasswordStep, DropsAPasswordThatGrowsTooLong)
     EXPECT_EQ(asked, std::vector<std::string>{"admin"});
 }
 
+TEST_F(PasswordStep, PassesTheNoticeOnAndForgetsIt)
+{
+    service_stand_in::reset([](ComParam& record, std::string&) {
+        EXPECT_STREQ(password_record::notice.get(record), "") << "what an earlier answer left there is no notice";
+        password_record::notice.set(record, "The saved configuration could not be read and is kept as "
+                                            "config.rejected-1.json.");
+        return 0u;
+    });
+    password_record::notice.set(usrComParam, "left over");
+    EXPECT_EQ(step("admin\n"),
+              "*****\r\n\n Welcome!\n Warning: The saved configuration could not be read and is kept as\n"
+              " config.rejected-1.json.\a\nCommand> ");
+    EXPECT_STREQ(password_record::notice.get(usrComParam), "");
+}
+
 TEST_F(PasswordStep, RefusesWhileTheServiceCannotBeAsked)
 {
     exchange = IPC_NOT_RUNNING;
