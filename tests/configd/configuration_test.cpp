@@ -81,6 +81,8 @@ const Case kBad[] = {
     {"NoFormat", "{}"},
     {"FormatIsText", R"({"format": "1"})"},
     {"NewerFormat", R"({"format": 2})"},
+    {"NegativeFormat", R"({"format": -1})"},
+    {"OlderFormatOfNoObject", R"({"format": 0, "addresses": 1, "lan": {"mode": "static"}, "alone": 1})"},
     {"KeyTwice", R"({"format": 1, "alone": {"port": 1, "port": 2}})"},
     {"NotUtf8", "{\"format\": 1, \"alone\": {\"title\": \"\xff\"}}"},
     {"SectionIsText", R"({"format": 1, "alone": "x"})"},

@@ -1,66 +1,12 @@
 // The real program on temporary folders: what survives its end, and how it starts and ends.
-#include <csignal>
-#include <fcntl.h>
-#include <fstream>
-#include <gtest/gtest.h>
-#include <memory>
-#include <sstream>
-#include <sys/socket.h>
 #include <sys/stat.h>
-#include <sys/un.h>
-#include <unistd.h>
 
-#include "configd/raw_client.h"
-#include "configd/temporary_folder.h"
-#include "service/codes.h"
+#include "configd/daemon.h"
 #include "service/fields/management.h"
-#include "service/status.h"
-#include "support/process.h"
 
 namespace {
-constexpr const char* kReload = R"({"restart": "reload"})";  // this machine is never restarted
-
-class Daemon : public testing::Test {
+class Daemon : public RunningDaemon {
 protected:
-    Daemon()
-    {
-        std::ofstream(profile) << kReload;
-        null = open("/dev/null", O_RDWR | O_CLOEXEC);
-        log = open((folder.path() + "/log").c_str(), O_RDWR | O_CREAT | O_APPEND | O_CLOEXEC, 0600);
-        receive_notices();
-    }
-    ~Daemon() override
-    {
-        for (const int each : {null, log, notices}) close(each);
-        unsetenv("NOTIFY_SOCKET");
-    }
-
-    Process launch(std::vector<std::string> more = {})
-    {
-        std::vector<std::string> command = {CONFIGD,       "--log", "stderr",    "--runtime-dir", runtime,
-                                            "--state-dir", state,   "--profile", profile};
-        command.insert(command.end(), more.begin(), more.end());
-        return Process({.command = command, .input = null, .output = log, .errors = log});
-    }
-    void start()
-    {
-        daemon = launch();
-        ASSERT_EQ(next_notice(), "READY=1") << logged();
-        client = std::make_unique<RawClient>(runtime + "/configd.sock");
-    }
-    void kill()
-    {
-        daemon.signal(SIGKILL);
-        ASSERT_TRUE(daemon.wait_exit(kPatience));
-    }
-
-    std::string logged() const
-    {
-        std::ostringstream text;
-        text << std::ifstream(folder.path() + "/log").rdbuf();
-        return text.str();
-    }
-
     int http_port()
     {
         const auto answer = client->ask(code::kReadManagement);
@@ -72,40 +18,6 @@ protected:
         record::code.set(request, code::kWriteManagement);
         management_record::httpPort.set(request, port);
         return status_of(client->ask(request));
-    }
-    std::uint32_t save() { return status_of(client->ask(code::kSaveConfiguration)); }
-    static std::uint32_t status_of(const std::optional<Answer>& answer)
-    {
-        return answer ? record::status.get(answer->record) : kStatusEnd;
-    }
-
-    std::string next_notice() const
-    {
-        char text[64];
-        const ssize_t got = recv(notices, text, sizeof text, 0);
-        return {text, static_cast<std::size_t>(std::max<ssize_t>(got, 0))};
-    }
-
-    TemporaryFolder folder;
-    const std::string runtime = folder.path() + "/run/router", state = folder.path() + "/state",
-                      profile = folder.path() + "/profile.json";
-    Process daemon;
-    std::unique_ptr<RawClient> client;
-    int null, log, notices;
-
-private:
-    // The supervisor's end of the notices tells when the service is ready.
-    void receive_notices()
-    {
-        sockaddr_un address{};
-        address.sun_family = AF_UNIX;
-        const std::string path = folder.path() + "/notify";
-        path.copy(address.sun_path, sizeof address.sun_path - 1);
-        notices = socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0);
-        const timeval limit{.tv_sec = 15, .tv_usec = 0};
-        setsockopt(notices, SOL_SOCKET, SO_RCVTIMEO, &limit, sizeof limit);
-        EXPECT_EQ(bind(notices, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
-        setenv("NOTIFY_SOCKET", path.c_str(), 1);
     }
 };
 
@@ -129,34 +41,6 @@ TEST_F(Daemon, ACrashLosesNothingAndADeviceRestartWhatWasNotSaved)
     EXPECT_EQ(http_port(), 8001);
     EXPECT_EQ(status_of(client->ask(code::kClearConfiguration)), kStatusOk);
     EXPECT_EQ(http_port(), 80);
-}
-
-TEST_F(Daemon, KilledAmidChangesAndSavesItHasOneOfTheConfigurations)
-{
-    std::uint16_t next = 1000, saved = 80, trying = 80;
-    for (int round = 0; round < 20; round++) {
-        start();
-        const int running = http_port();
-        ASSERT_TRUE(running == saved || running == trying) << running << " is neither " << saved << " nor " << trying;
-        saved = static_cast<std::uint16_t>(running);
-
-        // Some requests answered, then one of each kind on its way when the service dies.
-        for (int i = 0; i < round % 5; i++) {
-            ASSERT_EQ(set_http_port(++next), kStatusOk);
-            ASSERT_EQ(save(), kStatusOk);
-            saved = next;
-        }
-        trying = ++next;
-        ComParam request = client->ask(code::kReadManagement)->record;
-        record::code.set(request, code::kWriteManagement);
-        management_record::httpPort.set(request, trying);
-        client->send(request);
-        client->send(RawClient::request(code::kSaveConfiguration));
-        if (round % 2) client->receive();
-        kill();
-        if (round % 3 == 0) std::filesystem::remove_all(runtime);
-    }
-    EXPECT_EQ(logged().find("cannot be used"), std::string::npos) << logged();
 }
 
 TEST_F(Daemon, FilesAreTheServicesOwn)

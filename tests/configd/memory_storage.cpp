@@ -42,6 +42,13 @@ Storage MemoryStorage::operations()
         .sync = [this](int) { return next(); },
         .close = [this](int) { return next(); },
         .rename = rename,
+        .link =
+            [this](const std::string& from, const std::string& to) {
+                if (const int failed = next()) return failed;
+                if (!hasLinks) return EPERM;
+                if (!files.contains(from)) return ENOENT;
+                return files.emplace(to, files[from]).second ? 0 : EEXIST;
+            },
         .unlink =
             [this](const std::string& path) {
                 if (const int failed = next()) return failed;

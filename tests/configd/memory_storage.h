@@ -16,6 +16,7 @@ public:
     int failAt = -1;        // the number of the change that fails
     int error = 0;          // with this errno value
     bool failOn = false;    // and so do all behind it: the disk or the program is gone
+    bool hasLinks = true;   // a file may have two names
     bool readOnly = false;  // every change fails with EROFS
 
 private:

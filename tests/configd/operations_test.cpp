@@ -209,61 +209,6 @@ TEST_F(Operations, TheRequestNamesItsSection)
     EXPECT_EQ(ask(request), kStatusUnknownName);
 }
 
-struct AddressCase {
-    const char* name;
-    std::uint32_t address, netmask, gateway;
-    ServiceStatus status;
-};
-// clang-format off
-constexpr AddressCase kAddresses[] = {
-    {"Host",             0x0A000002, 0xFFFFFF00, 0x0A000001, kStatusOk},
-    {"NoGateway",        0x0A000006, 0xFFFFFF00, 0,          kStatusOk},
-    {"GatewayElsewhere", 0x0A000003, 0xFFFFFF00, 0x0A000101, kStatusAddressOutOfRange},
-    {"Broadcast",        0x0A0000FF, 0xFFFFFF00, 0,          kStatusAddressOutOfRange},
-    {"Network",          0x0A000000, 0xFFFFFF00, 0,          kStatusAddressOutOfRange},
-    {"PointToPoint",     0x0A000000, 0xFFFFFFFE, 0,          kStatusOk},
-    {"Multicast",        0xE0000001, 0xFFFFFF00, 0,          kStatusAddressOutOfRange},
-    {"Loopback",         0x7F000001, 0xFF000000, 0,          kStatusAddressOutOfRange},
-    {"NoAddress",        0,          0xFFFFFF00, 0,          kStatusAddressOutOfRange},
-    {"NoNetmask",        0x0A000004, 0,          0,          kStatusAddressOutOfRange},
-    {"NetmaskWithHole",  0x0A000005, 0xFF00FF00, 0,          kStatusValueRefused},
-};
-// clang-format on
-TEST_F(Operations, TheLanAddressIsAHostOfItsNetwork)
-{
-    for (const AddressCase& each : kAddresses) {
-        ComParam request = request_of(code::kWriteAddress);
-        address_record::interface.set(request, "lan");
-        address_record::mode.set(request, address_record::kStatic);
-        address_record::address.set(request, each.address);
-        address_record::netmask.set(request, each.netmask);
-        address_record::gateway.set(request, each.gateway);
-        EXPECT_EQ(ask(request), each.status) << each.name;
-        ask(code::kReadSystem);
-        const bool taken = system_record::lanAddress.get(answer.record) == each.address;
-        EXPECT_EQ(taken, each.status == kStatusOk) << each.name;
-    }
-}
-
-TEST_F(Operations, AnAddressThatTheMachineRefusesIsNotKept)
-{
-    profile.manageAddresses = true;
-    restart_service();
-    ComParam request = request_of(code::kReadAddress);
-    address_record::interface.set(request, "lan");
-    ask(request);
-    request = answer_as(code::kWriteAddress);
-    address_record::address.set(request, 0xC0A80102);
-    EXPECT_EQ(ask(request), kStatusOk);
-    EXPECT_EQ(machine.addressSet, 0xC0A80102u);
-
-    machine.error = EPERM;
-    address_record::address.set(request, 0xC0A80103);
-    EXPECT_EQ(ask(request), kStatusNotPermitted);
-    ask(code::kReadSystem);
-    EXPECT_EQ(system_record::lanAddress.get(answer.record), 0xC0A80102u);
-}
-
 TEST_F(Operations, ARadioThatWasNeverSetShowsTheProfile)
 {
     ComParam request = request_of(code::kReadWirelessPort);
@@ -351,6 +296,20 @@ TEST_F(Operations, RestartGoesBackToSavedOrRestartsTheMachine)
     EXPECT_EQ(machine.restarts, 1);
     machine.error = EPERM;
     EXPECT_EQ(ask(code::kRestart), kStatusNotPermitted);
+}
+
+TEST_F(Operations, AddressesOfTheFirstFormatAreFound)
+{
+    Configuration read(model);
+    std::string why;
+    ASSERT_TRUE(read.parse(R"({"format": 0, "lan": {"address": "10.1.2.3"}, "wan": {"mode": "automatic", "later": 1}})", why))
+        << why;
+    const std::string text = read.text();
+    for (const char* part : {"\"format\": 1", "\"address\": \"10.1.2.3\"", "\"later\": 1"})
+        EXPECT_NE(text.find(part), text.npos) << part << " in " << text;
+    Configuration again(model);
+    ASSERT_TRUE(again.parse(text, why)) << why;
+    EXPECT_EQ(again.text(), text);
 }
 
 // The generic list operations over the sample list: the areas' own add rows to this.

@@ -2,8 +2,13 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <memory>
+#include <pthread.h>
 #include <sys/eventfd.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
+#include <sys/un.h>
+#include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 
@@ -14,14 +19,44 @@
 namespace {
 constexpr std::uint16_t kBigAnswer = 77;  // the handler answers it with a table
 constexpr std::size_t kBigTable = 1 << 20;
+constexpr std::uint16_t kHeldAnswer = 78;  // and that one so much later
+constexpr std::chrono::milliseconds kHeldFor{600};
 
 void echo(const ComParam& request, Answer& answer)
 {
     answer.record = request;
+    if (record::code.get(request) == kHeldAnswer) answer.delay = kHeldFor;
     if (record::code.get(request) != kBigAnswer) return;
     answer.table.assign(kBigTable, 'x');
     record::attachedLength.set(answer.record, kBigTable);
     record::attachedPosition.set(answer.record, kRecordSize);
+}
+
+enum Asked : int { kNotConnected, kRefused, kAnswered };
+
+// Runs in a process of its own, which then is somebody else.
+Asked ask_as_nobody(const std::string& path)
+{
+    constexpr unsigned kNobody = 65534;
+    if (syscall(SYS_setgroups, 0, nullptr) != 0 || syscall(SYS_setresgid, kNobody, kNobody, kNobody) != 0 ||
+        syscall(SYS_setresuid, kNobody, kNobody, kNobody) != 0)
+        return kAnswered;
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    path.copy(address.sun_path, sizeof address.sun_path - 1);
+    const int line = socket(AF_UNIX, SOCK_STREAM, 0);
+    if (connect(line, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0) return kNotConnected;
+    const ComParam request = RawClient::request(5);
+    send(line, request.bytes, sizeof request.bytes, MSG_NOSIGNAL);
+    char byte;
+    return recv(line, &byte, 1, 0) > 0 ? kAnswered : kRefused;
+}
+
+int exit_status(pid_t child)
+{
+    int status = 0;
+    waitpid(child, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
 class RunningServer : public testing::Test {
@@ -40,6 +75,14 @@ protected:
         eventfd_write(ending, 1);
         thread.join();
         server.reset();
+    }
+    std::chrono::nanoseconds cpu_time()
+    {
+        clockid_t clock;
+        timespec used{};
+        pthread_getcpuclockid(thread.native_handle(), &clock);
+        clock_gettime(clock, &used);
+        return std::chrono::seconds(used.tv_sec) + std::chrono::nanoseconds(used.tv_nsec);
     }
     bool answers(RawClient& client, std::uint16_t code = 5)
     {
@@ -125,6 +168,54 @@ TEST_F(RunningServer, AClientThatTakesNoAnswerHoldsUpNobodyAndIsDropped)
     while (stuck.send(RawClient::request(1))) ASSERT_TRUE(answers(other));  // until the server lets go of it
     EXPECT_TRUE(stuck.is_closed());
     EXPECT_TRUE(answers(other));
+}
+
+TEST_F(RunningServer, AnAnswerThatIsHeldBackCostsOnlyItsOwnClientTime)
+{
+    start({.clients = 32, .patience = kHeldFor / 2});
+    RawClient held(path), other(path), gone(path);
+    const auto asked = Server::Clock::now();
+    ASSERT_TRUE(gone.send(RawClient::request(kHeldAnswer)));
+    gone.finish_sending();
+    ASSERT_TRUE(held.send(RawClient::request(kHeldAnswer)));
+    for (int i = 0; i < 10; i++) EXPECT_TRUE(answers(other));
+    EXPECT_LT(Server::Clock::now() - asked, kHeldFor);
+    EXPECT_TRUE(held.receive());
+    EXPECT_GE(Server::Clock::now() - asked, kHeldFor);
+    EXPECT_TRUE(gone.receive());
+    EXPECT_TRUE(answers(held));
+    EXPECT_LT(cpu_time(), kHeldFor / 2) << "it does not look at the clock all the time";
+}
+
+TEST_F(RunningServer, HeldBackAnswersKeepNobodyOut)
+{
+    start({.clients = 2});
+    RawClient first(path), second(path);
+    for (RawClient* each : {&first, &second}) ASSERT_TRUE(each->send(RawClient::request(kHeldAnswer)));
+    RawClient third(path);
+    EXPECT_TRUE(answers(third));
+    EXPECT_TRUE(second.receive());
+}
+
+TEST_F(RunningServer, AnotherUserIsRefused)
+{
+    if (geteuid() != 0) GTEST_SKIP() << "only root can become another user";
+    start();
+    // The modes would keep that user out before the service does.
+    ASSERT_EQ(chmod(folder.path().c_str(), 0755), 0);
+    const pid_t child = fork();
+    if (child == 0) _exit(ask_as_nobody(path));
+    EXPECT_EQ(exit_status(child), kNotConnected);
+
+    ASSERT_EQ(chmod(path.c_str(), 0666), 0);
+    testing::internal::CaptureStderr();
+    const pid_t second = fork();
+    if (second == 0) _exit(ask_as_nobody(path));
+    EXPECT_EQ(exit_status(second), kRefused);
+    const std::string logged = testing::internal::GetCapturedStderr();
+    EXPECT_NE(logged.find("refused process " + std::to_string(second) + " of user 65534"), logged.npos) << logged;
+    RawClient own(path);
+    EXPECT_TRUE(answers(own));
 }
 
 TEST_F(RunningServer, HalfARequestHasItsTimeAndAnIdleClientAllOfIt)

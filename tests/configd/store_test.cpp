@@ -10,7 +10,7 @@ namespace {
 const Model kModel = sample::model();
 const Section& kAlone = sample::kSections[0];
 const char kRunning[] = "run/running.json", kSaved[] = "state/config.json", kPrevious[] = "state/config.previous.json",
-           kRejected[] = "state/config.rejected-1.json";
+           kRejected[] = "state/config.rejected-1.json", kNotice[] = "state/notice";
 
 Store started(MemoryStorage& storage)
 {
@@ -140,9 +140,12 @@ struct Damage {
     std::string content;
 };
 const Damage kDamages[] = {
-    {"NotUnderstood", "{\"format\": 1, \"alone\": {\"port\": 0}}"},
-    {"OtherFormat", "{\"format\": 7}"},
+    {"Empty", ""},
+    {"OutOfRange", "{\"format\": 1, \"alone\": {\"port\": 0}}"},
+    {"WrongType", "{\"format\": 1, \"alone\": {\"port\": \"eighty\"}}"},
+    {"NewerFormat", "{\"format\": 7}"},
     {"Truncated", "{\"format\": 1,"},
+    {"NotUtf8", "{\"format\": 1, \"alone\": {\"title\": \"\xc3\"}}"},
     {"TooLarge", "{\"format\": 1}" + std::string(Store::kLargestFile, ' ')},
 };
 class Damaged : public testing::TestWithParam<Damage> {};
@@ -170,6 +173,92 @@ TEST_P(Damaged, RunningIsSetAsideAndSavedIsUsed)
 }
 INSTANTIATE_TEST_SUITE_P(Files, Damaged, testing::ValuesIn(kDamages), [](const auto& d) { return d.param.name; });
 
+TEST_P(Damaged, SavedDoesNotTakeThePlaceOfAGoodOneBefore)
+{
+    for (const bool hasLinks : {true, false}) {
+        MemoryStorage storage;
+        storage.hasLinks = hasLinks;
+        prepare(storage);
+        Store store = started(storage);
+        storage.files[kSaved] = GetParam().content;
+        EXPECT_EQ(store.save(), kStatusOk);
+        EXPECT_EQ(storage.files[kRejected], GetParam().content);
+        EXPECT_NE(storage.files[kPrevious].find("\"port\": 1"), std::string::npos);
+        EXPECT_NE(store.notice().find("config.rejected-1.json"), std::string::npos) << store.notice();
+    }
+}
+
+TEST(Store, TheNoticeLastsUntilASaveOrAClear)
+{
+    for (const bool clears : {false, true}) {
+        MemoryStorage storage;
+        prepare(storage);
+        EXPECT_EQ(started(storage).notice(), "");
+        storage.files[kSaved] = "bad";
+        const std::string notice = restarted(storage).notice();
+        EXPECT_EQ(notice,
+                  "The saved configuration could not be read and is kept as config.rejected-1.json. The one saved "
+                  "before is in force.");
+        EXPECT_EQ(restarted(storage).notice(), notice);
+
+        Store store = started(storage);
+        EXPECT_EQ(set_port(store, 4), kStatusOk);
+        EXPECT_EQ(store.notice(), notice);
+        EXPECT_EQ(clears ? store.clear() : store.save(), kStatusOk);
+        EXPECT_EQ(store.notice(), "");
+        EXPECT_EQ(restarted(storage).notice(), "");
+        EXPECT_EQ(storage.files.contains(kRejected), !clears) << "a cleared device keeps nothing";
+    }
+}
+
+TEST(Store, TheLongestNoticeIsWholeAndADamagedOneIsNone)
+{
+    MemoryStorage storage;
+    storage.files[kRunning] = storage.files[kSaved] = storage.files[kPrevious] = "bad";
+    const std::string notice = started(storage).notice();
+    EXPECT_TRUE(notice.ends_with(" The factory configuration is in force.")) << notice;
+    EXPECT_EQ(started(storage).notice(), notice);
+    for (const std::string& damaged : {std::string("a\0b", 3), std::string("\x1b[2J"), std::string(1000, 'x')}) {
+        storage.files[kNotice] = damaged;
+        EXPECT_EQ(started(storage).notice(), "");
+    }
+}
+
+TEST(Store, AFileThatCannotBeSetAsideIsNotOverwritten)
+{
+    MemoryStorage storage;
+    prepare(storage);
+    Store store = started(storage);
+    Storage stuck = storage.operations();
+    stuck.rename = [operations = storage.operations()](const std::string& from, const std::string& to) {
+        return to == kRejected ? EIO : operations.rename(from, to);
+    };
+    storage.files[kSaved] = "bad";
+    storage.files.erase(kRunning);
+    Store hindered(kModel, stuck, {"run", "state"});
+    hindered.start();
+    EXPECT_EQ(port_of(hindered), 1);
+    EXPECT_NE(hindered.notice().find("could not be set aside"), std::string::npos) << hindered.notice();
+    EXPECT_EQ(hindered.save(), kStatusStorageFailed);
+    EXPECT_EQ(storage.files[kSaved], "bad");
+    EXPECT_NE(storage.files[kPrevious].find("\"port\": 1"), std::string::npos);
+}
+
+TEST(Store, AnOlderFormatIsWrittenOnlyByASave)
+{
+    const std::string older = R"({"format": 0, "alone": {"port": 5}, "lan": {"mode": "static"}})";
+    MemoryStorage storage;
+    storage.files[kSaved] = older;
+    Store store = started(storage);
+    EXPECT_EQ(port_of(store), 5);
+    EXPECT_EQ(storage.files[kSaved], older);
+    EXPECT_EQ(store.save(), kStatusOk);
+    EXPECT_EQ(storage.files[kPrevious], older);
+    EXPECT_EQ(port_of(restarted(storage)), 5);
+    for (const char* part : {"\"format\": 1", "\"addresses\": {\n    \"lan\""})
+        EXPECT_NE(storage.files[kSaved].find(part), std::string::npos) << storage.files[kSaved];
+}
+
 TEST(Store, RejectedFilesDoNotReplaceEachOtherOrFillTheDisk)
 {
     MemoryStorage storage;
@@ -177,6 +266,7 @@ TEST(Store, RejectedFilesDoNotReplaceEachOtherOrFillTheDisk)
         storage.files[kSaved] = "bad " + std::to_string(i);
         restarted(storage);
     }
+    std::erase_if(storage.files, [](const auto& file) { return file.first == kNotice; });
     EXPECT_EQ(storage.files.size(), static_cast<std::size_t>(Store::kMostRejected));
     EXPECT_EQ(storage.files[kRejected], "bad 1");
 }

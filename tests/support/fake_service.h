@@ -16,8 +16,7 @@ struct Reply {
 // The request's record as an answer with `status`, and `attachedLength` claimed for a table that does not follow.
 Reply plain_reply(const ComParam& request, std::uint32_t status = 0, std::uint32_t attachedLength = 0);
 
-class FakeService
-{
+class FakeService {
 public:
     using Answer = std::function<Reply(const ComParam& request)>;
 

@@ -22,7 +22,7 @@ void play(Terminal& t)
 
 int main()
 {
-    Terminal t;
+    Terminal t({.columns = 100});
     try {
         play(t);
     } catch (const std::exception& failure) {

@@ -12,8 +12,7 @@ using Milliseconds = std::chrono::milliseconds;
 // Long enough for an instrumented program on a busy machine, short enough to wait for when a test fails.
 inline constexpr Milliseconds kPatience{15000};
 
-class Deadline
-{
+class Deadline {
 public:
     explicit Deadline(Milliseconds limit) : end_(std::chrono::steady_clock::now() + limit) {}
     bool passed() const { return std::chrono::steady_clock::now() >= end_; }
@@ -30,8 +29,7 @@ struct Launch {
 };
 
 // Ended and reaped at the latest when it leaves the scope, and when its parent dies.
-class Process
-{
+class Process {
 public:
     Process() = default;
     explicit Process(const Launch& launch);

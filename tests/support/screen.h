@@ -7,8 +7,7 @@
 #include <string_view>
 #include <vector>
 
-class Screen
-{
+class Screen {
 public:
     explicit Screen(std::size_t columns) : columns_(columns) {}
 

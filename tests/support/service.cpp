@@ -68,6 +68,19 @@ void Service::kill() { process_.end(); }
 void Service::suspend() { process_.signal(SIGSTOP); }
 void Service::resume() { process_.signal(SIGCONT); }
 
+void Service::restart_device()
+{
+    stop();
+    std::filesystem::remove_all(ROUTER_RUNTIME_DIR);
+    start();
+}
+
+const std::string& Service::state_folder()
+{
+    static const std::string path = ROUTER_STATE_DIR;
+    return path;
+}
+
 const std::string& Service::socket_path()
 {
     static const std::string path = ROUTER_RUNTIME_DIR "/configd.sock";

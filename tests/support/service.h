@@ -5,8 +5,7 @@
 
 #include "support/process.h"
 
-class Service
-{
+class Service {
 public:
     Service();  // running on return, with factory values
 
@@ -16,8 +15,10 @@ public:
     void suspend();  // it no longer answers, but the socket stays open
     void resume();
     void restart() { stop(), start(); }
+    void restart_device();  // as restart, and what the device loses when it is off is gone
 
     static const std::string& socket_path();
+    static const std::string& state_folder();
     static void wipe();  // no stored configuration, no socket
     static std::string log();
 

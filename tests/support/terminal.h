@@ -22,8 +22,7 @@ struct TerminalOptions {
     bool controlling = true;  // false: losing the line is an end of input, without a hang-up signal
 };
 
-class Terminal
-{
+class Terminal {
 public:
     explicit Terminal(const TerminalOptions& options = {});
     ~Terminal();

@@ -1,0 +1,112 @@
+#include <cstdlib>
+#include <ctime>
+#include <string_view>
+
+#include "commands/command_session.h"
+#include "commands/handlers.h"
+#include "service/fields/time.h"
+#include "values/parsers.h"
+
+namespace {
+constexpr std::uint32_t kNow = 1000000000;  // 2001-09-09 01:46:40 UTC, a Sunday
+
+class Clock : public CommandSession {
+protected:
+    Clock()
+    {
+        set_zone("UTC0");
+        time_record::now.set(time(), kNow);
+        time_record::zone.set(time(), time_record::kZoneNotSet);
+    }
+    ~Clock() override { unsetenv("TZ"), tzset(); }
+
+    static void set_zone(const char* zone) { setenv("TZ", zone, 1), tzset(); }
+    ComParam& time() { return record(code::kReadTime); }
+    std::uint32_t now() { return time_record::now.get(time()); }
+
+    // The command as its grammar would call it: with what the parser makes of the text.
+    std::string set(Action command, Parser parse, std::string text)
+    {
+        ParmList words{};
+        EXPECT_EQ(parse(text.data(), words), 0u) << text;
+        return run(command, {words.value[0], words.value[1], words.value[2]});
+    }
+};
+
+TEST_F(Clock, IsShown)
+{
+    EXPECT_EQ(run(CliShowDate), "        Date: 9-9-2001\n");
+    EXPECT_EQ(run(CliShowTime), "Time (GMT+00:00): Sun Sep  9 01:46:40 2001\n\n");
+    time_record::zone.set(time(), 31);
+    set_zone("<+13>-13");
+    EXPECT_EQ(run(CliShowTime), "Time (GMT+13:00): Sun Sep  9 14:46:40 2001\n\n");
+}
+
+struct DateCase {
+    const char* typed;
+    const char* shown;
+};
+constexpr DateCase kDates[] = {
+    {"01-02-03", "        Date: 1-2-2003\n"},  {"12-31-99", "        Date: 12-31-1999\n"},
+    {"01-01-70", "        Date: 1-1-1970\n"},  {"01-01-69", "        Date: 1-1-2069\n"},
+    {"02-29-00", "        Date: 2-29-2000\n"},
+};
+TEST_F(Clock, ADateKeepsTheTimeOfTheDay)
+{
+    for (const DateCase& each : kDates) {
+        EXPECT_EQ(set(CliSetDate, CliParseDate, each.typed), each.shown);
+        EXPECT_EQ(now() % 86400, kNow % 86400) << each.typed;
+    }
+    ComParam wanted = time();
+    record::kind.set(wanted, record::kRequest);
+    record::code.set(wanted, code::kWriteTime);
+    EXPECT_TRUE(same_record(service_stand_in::requests().end()[-2], wanted));
+}
+
+TEST_F(Clock, ATimeKeepsTheDate)
+{
+    EXPECT_EQ(set(CliSetTime, CliParseTime, "7"), "Time (GMT+00:00): Sun Sep  9 07:00:00 2001\n\n");
+    EXPECT_EQ(set(CliSetTime, CliParseTime, "23:59:58"), "Time (GMT+00:00): Sun Sep  9 23:59:58 2001\n\n");
+}
+
+TEST_F(Clock, ADateAcrossAChangeOfTheClockKeepsTheTimeOfTheDay)
+{
+    set_zone("CET-1CEST,M3.5.0,M10.5.0/3");
+    set(CliSetDate, CliParseDate, "01-15-02");
+    EXPECT_EQ(run(CliShowTime), "Time (GMT+00:00): Tue Jan 15 03:46:40 2002\n\n");
+}
+
+TEST_F(Clock, AMomentBeforeTheFirstIsRefused)
+{
+    set_zone("<+05>-5");
+    set(CliSetTime, CliParseTime, "4:59:59");
+    EXPECT_EQ(set(CliSetDate, CliParseDate, "01-01-70").substr(0, 8), " Error: ");
+    EXPECT_EQ(now(), kNow - kNow % 86400 - 1);
+}
+
+// What is looked for has no colon, so no zone is ever found and the record goes back as it came.
+TEST_F(Clock, AZoneIsWrittenBackUnchanged)
+{
+    time_record::zone.set(time(), 7);
+    ComParam wanted = time();
+    record::kind.set(wanted, record::kRequest);
+    record::code.set(wanted, code::kWriteTime);
+    for (const char* typed : {"-8", "+5:30", "0", "35791395"}) {  // the last one wraps to the smallest number
+        EXPECT_EQ(set(CliSetTimezone, CliParseTimezone, typed), "Time (GMT-05:00): Sun Sep  9 01:46:40 2001\n\n");
+        EXPECT_TRUE(same_record(service_stand_in::requests().end()[-2], wanted)) << typed;
+    }
+}
+
+TEST_F(Clock, FailuresAreReportedInTheSystemsGroup)
+{
+    refused[code::kWriteTime] = kStatusNotPermitted;
+    const std::string_view printed = "\aThe configuration service is not allowed to do that on this device\n";
+    EXPECT_EQ(set(CliSetDate, CliParseDate, "01-02-03"), printed);
+    EXPECT_EQ(set(CliSetTime, CliParseTime, "7"), printed);
+    EXPECT_EQ(set(CliSetTimezone, CliParseTimezone, "-8"), printed);
+    refused[code::kReadTime] = kStatusNotPermitted;
+    for (const Action command : {CliShowDate, CliShowTime, CliSetDate, CliSetTime, CliSetTimezone})
+        EXPECT_EQ(run(command), printed);
+    EXPECT_EQ(now(), kNow);
+}
+}  // namespace

@@ -1,0 +1,259 @@
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "commands/command_session.h"
+#include "commands/handlers.h"
+#include "commands/interface_table.h"
+#include "commands/statistics_files.h"
+#include "support/own_network.h"
+#include "support/written.h"
+
+namespace {
+using Counters = std::uint32_t[StatisticsRow::kCounters];
+
+const std::string kHead = " name       rx-packet  rx-error   rx-drop    tx-packet  tx-error   tx-drop   \n";
+
+std::string row(const char* name, const Counters& counters)
+{
+    char start[32];
+    std::snprintf(start, sizeof start, " %-10s", name);
+    std::string line = start;
+    for (const std::uint32_t counter : counters) {
+        std::snprintf(start, sizeof start, " %-10lu", static_cast<unsigned long>(counter));
+        line += start;
+    }
+    return line + "\n";
+}
+
+const std::string kEth0 = row("eth0", {10, 1, 2, 20, 3, 4}), kEth1 = row("eth1", {50, 0, 0, 60, 0, 0}),
+                  kEth0Zero = row("eth0", {0, 0, 0, 0, 0, 0}), kEth1Zero = row("eth1", {0, 0, 0, 0, 0, 0});
+
+class InterfaceStatistics : public CommandSession {
+protected:
+    InterfaceStatistics()
+    {
+        if (!mkdtemp(folder_.data())) std::abort();
+        kernelFile_ = folder_ + "/dev";
+        offsetFile = folder_ + "/offsets";
+        statisticsPaths = {kernelFile_.c_str(), offsetFile.c_str()};
+        interfaces({"eth0", "eth1"});
+        kernel("  eth0: 1000 10 1 2 0 0 0 0 2000 20 3 4 0 0 0 0\n"
+               "  eth1:5000 50 0 0 0 0 0 0 6000 60 0 0 0 0 0 0\n");
+    }
+    ~InterfaceStatistics() override
+    {
+        statisticsPaths = {};
+        std::filesystem::remove_all(folder_);
+    }
+
+    void interfaces(std::initializer_list<const char*> names)
+    {
+        std::string table;
+        for (const char* name : names) table += interface_row(name);
+        set_table(code::kReadPort, table);
+    }
+    void kernel(const std::string& lines) { std::ofstream(kernelFile_) << "Inter-|\n face |\n" << lines; }
+    void offsets(const std::string& lines) { std::ofstream(offsetFile, std::ios::binary) << lines; }
+    static std::string content(const std::string& path)
+    {
+        std::ifstream file(path, std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+    std::string show(const char* only = nullptr)
+    {
+        return only ? run(CliShowIfStats, {reinterpret_cast<Word>(only)}) : run(CliShowIfStats);
+    }
+    std::string clear(const char* which) { return run(CliClearIfStats, {reinterpret_cast<Word>(which)}); }
+
+    std::string offsetFile;
+
+private:
+    std::string folder_ = "/tmp/interface-statistics-XXXXXX";
+    std::string kernelFile_;
+};
+
+TEST_F(InterfaceStatistics, TheFirstDisplayMakesTheFile)
+{
+    EXPECT_EQ(show(), kHead + kEth0 + kEth1);
+    EXPECT_EQ(content(offsetFile), " eth0 0 0 0 0 0 0\n eth1 0 0 0 0 0 0\n");
+    struct stat made {};
+    ASSERT_EQ(stat(offsetFile.c_str(), &made), 0);
+    EXPECT_EQ(made.st_mode & 0777, 0600u);
+}
+
+TEST_F(InterfaceStatistics, OfOneInterface)
+{
+    EXPECT_EQ(show("eth1"), kHead + kEth1);
+    EXPECT_EQ(show("all"), " no such interface!\n");
+    EXPECT_EQ(show("eth"), " no such interface!\n");
+}
+
+TEST_F(InterfaceStatistics, ClearingShowsZerosUntilTheCountersMove)
+{
+    EXPECT_EQ(clear("eth0"), kHead + kEth0Zero + kEth1);
+    EXPECT_EQ(content(offsetFile), " eth0 10 1 2 20 3 4\n eth1 0 0 0 0 0 0\n");
+    EXPECT_EQ(clear("all"), kHead + kEth0Zero + kEth1Zero);
+
+    kernel("eth0:1001 11 1 2 0 0 0 0 2000 25 3 4\neth1: 0 49 0 0 0 0 0 0 0 60 0 0\n");
+    const std::string wrapped = row("eth1", {0xFFFFFFFF, 0, 0, 0, 0, 0});  // reset behind our back
+    EXPECT_EQ(show(), kHead + row("eth0", {1, 0, 0, 5, 0, 0}) + wrapped);
+
+    const std::string before = content(offsetFile);
+    EXPECT_EQ(clear("eth2"), " no such interface!\n");
+    EXPECT_EQ(clear(""), " no such interface!\n");
+    EXPECT_EQ(content(offsetFile), before);
+}
+
+TEST_F(InterfaceStatistics, OfTheKernelMoveAndAreCleared)
+{
+    // Without IPv6 nothing is sent that the test does not send.
+    const char* const setup = "{ echo 1 > /proc/sys/net/ipv6/conf/all/disable_ipv6; } 2>/dev/null; "
+                              "ip addr add 192.168.1.1/24 dev eth0 && ip link set eth0 up && ip link set eth1 up && "
+                              "ip neigh add 192.168.1.9 lladdr 02:00:5e:00:00:09 dev eth0";
+    in_own_network(setup, [this] {
+        const StatisticsPaths device;
+        statisticsPaths.kernel = device.kernel;
+        EXPECT_EQ(show("eth0"), kHead + kEth0Zero);
+        const std::string three = "bash -c 'for i in 1 2 3; do echo x > /dev/udp/192.168.1.9/9; done'";
+        ASSERT_EQ(std::system(three.c_str()), 0);
+        EXPECT_EQ(show("eth0"), kHead + row("eth0", {0, 0, 0, 3, 0, 0}));
+        EXPECT_EQ(show("eth1"), kHead + row("eth1", {3, 0, 0, 0, 0, 0}));
+        clear("eth0");
+        EXPECT_EQ(show("eth0"), kHead + kEth0Zero);
+        ASSERT_EQ(std::system(three.c_str()), 0);
+        EXPECT_EQ(show("eth0"), kHead + row("eth0", {0, 0, 0, 3, 0, 0}));
+        EXPECT_EQ(show("eth1"), kHead + row("eth1", {6, 0, 0, 0, 0, 0}));
+    });
+}
+
+TEST_F(InterfaceStatistics, OfElevenInterfacesAtMost)
+{
+    interfaces({});
+    EXPECT_EQ(show(), "");
+    EXPECT_EQ(clear("all"), "");
+    refused[code::kReadPort] = kStatusSystemFailed;
+    EXPECT_EQ(show(), "\aThe system refused the change\n");
+    refused.clear();
+
+    constexpr const char* kNames[] = {"a", "b", "c", "d", "e", "f", "g", "h", "i", "j", "k", "l"};
+    std::string lines, eleven = kHead, zeros = kHead;
+    for (const char* name : kNames) {
+        lines += std::string(name) + ": 0 7 0 0 0 0 0 0 0 0 0 0 0 0 0 0\n";
+        if (*name == 'l') break;
+        eleven += row(name, {7, 0, 0, 0, 0, 0});
+        zeros += row(name, {0, 0, 0, 0, 0, 0});
+    }
+    kernel(lines);
+    for (const std::size_t count : {11u, 12u}) {
+        std::string table;
+        for (std::size_t i = 0; i < count; ++i) table += interface_row(kNames[i]);
+        set_table(code::kReadPort, table);
+        std::filesystem::remove(offsetFile);
+        EXPECT_EQ(show(), eleven) << count;
+        EXPECT_EQ(clear("all"), zeros) << count;
+        EXPECT_EQ(show("l"), " no such interface!\n");
+    }
+}
+
+TEST_F(InterfaceStatistics, TheKernelsLines)
+{
+    const std::string wide = "eth0: 18446744073709551615 4294967297 1 2 0 0 0 0 99999999999999999999 20 3 4 0 0 0 0\n";
+    const std::string refusal = " error when parsing interface name! The last character is not ':'\n";
+    const struct {
+        const char* name;
+        std::string lines, printed;
+    } kCases[] = {
+        {"counters of 64 bits", wide, kHead + row("eth0", {1, 1, 2, 20, 3, 4})},
+        {"a line longer than the buffer", wide.substr(0, wide.size() - 1) + std::string(400, ' ') + "1\n" + wide,
+         kHead + row("eth0", {1, 1, 2, 20, 3, 4}) + row("eth0", {1, 1, 2, 20, 3, 4})},
+        {"cut short", "eth0:1000 10", kHead + row("eth0", {10, 0, 0, 0, 0, 0})},
+        {"no newline at the end", "eth0: 1000 10 1 2 0 0 0 0 2000 20 3 4", kHead + kEth0},
+        {"a name that no interface can have", "eth0xxxxxxxxxxxx: 1 1 1 1 1 1 1 1 1 1 1 1\n", kHead},
+        {"no colon", "eth0 1000 10 1 2 0 0 0 0 2000 20 3 4\n", refusal},
+        {"an empty line", "\n", refusal},
+        {"no line", "", kHead},
+    };
+    for (const auto& each : kCases) {
+        kernel(each.lines);
+        EXPECT_EQ(show(), each.printed) << each.name;
+    }
+    std::filesystem::remove(statisticsPaths.kernel);
+    EXPECT_EQ(show(), " error opening file for interface statistics\n");
+}
+
+TEST_F(InterfaceStatistics, OnlyTheNumbersOfTheFileAreBelieved)
+{
+    const std::string full = " eth0 10 1 2 20 3 4\n", long200 = " eth0 10 1 2 20 3 4" + std::string(200, ' ');
+    const std::string nul(1, '\0');
+    const struct {
+        const char* name;
+        std::string lines, printed;
+    } kCases[] = {
+        {"empty", "", kHead},
+        {"without a newline", " eth1 50 0 0 60 0 0\n eth0 10 1 2 20 3 4", kHead + kEth0Zero + kEth1Zero},
+        {"cut short", " eth0 10 1", kHead + row("eth0", {0, 0, 2, 20, 3, 4})},
+        {"a name alone", "eth0\n", kHead + kEth0},
+        {"other names", " lo 1 1 1 1 1 1\n\n %n%s 1 1\n" + full, kHead + kEth0Zero},
+        {"names twice", full + full + full, kHead + kEth0Zero + kEth0Zero},
+        {"a long line", long200 + " eth1 1\n" + full, kHead + kEth0Zero + kEth0Zero},
+        {"a long name", " " + std::string(5000, 'x') + "\n" + full, kHead + kEth0Zero},
+        {"zero bytes", nul + nul + "\n" + full, kHead + kEth0Zero},
+        {"no numbers", " eth0 x y z\n", kHead + kEth0},
+        {"beyond 64 bits", " eth0 99999999999999999999 -1 2 20 3 4\n", kHead + row("eth0", {11, 2, 0, 0, 0, 0})},
+    };
+    for (const auto& each : kCases) {
+        offsets(each.lines);
+        EXPECT_EQ(show(), each.printed) << each.name;
+    }
+}
+
+TEST_F(InterfaceStatistics, AHugeFileIsMadeAnew)
+{
+    offsets(" eth0 1 1 1 1 1 1\n");
+    std::filesystem::resize_file(offsetFile, 100 << 20);
+    EXPECT_EQ(show(), kHead + kEth0 + kEth1);
+    EXPECT_EQ(content(offsetFile), " eth0 0 0 0 0 0 0\n eth1 0 0 0 0 0 0\n");
+}
+
+// What stands in the file's place and is not a file of ours is neither read nor written.
+TEST_F(InterfaceStatistics, WhatOthersPutInThePlaceOfTheFileStaysAsItIs)
+{
+    const std::string victim = offsetFile + "-victim", secret = " eth0 1 1 1 1 1 1\n";
+    const struct {
+        const char* name;
+        std::function<bool()> put;
+    } kCases[] = {
+        {"symbolic link", [&] { return symlink(victim.c_str(), offsetFile.c_str()) == 0; }},
+        {"link to nowhere", [&] { return symlink((victim + "-nowhere").c_str(), offsetFile.c_str()) == 0; }},
+        {"hard link", [&] { return link(victim.c_str(), offsetFile.c_str()) == 0; }},
+        {"pipe", [&] { return mkfifo(offsetFile.c_str(), 0666) == 0; }},
+        {"folder", [&] { return mkdir(offsetFile.c_str(), 0777) == 0; }},
+        {"another user's file",
+         [&] {
+             offsets(secret);
+             return chown(offsetFile.c_str(), geteuid() + 1, getegid()) == 0;  // root's test only
+         }},
+    };
+    for (const auto& each : kCases) {
+        std::filesystem::remove_all(offsetFile);
+        std::ofstream(victim) << secret;
+        if (!each.put()) continue;
+        const char* const refusal = " error opening file for interface statistics offset file initialization\n";
+        EXPECT_EQ(show(), refusal) << each.name;
+        EXPECT_EQ(clear("all"), refusal) << each.name;
+        EXPECT_EQ(content(victim), secret) << each.name;
+        EXPECT_FALSE(std::filesystem::exists(victim + "-nowhere"));
+        StatisticsTable table{};
+        EXPECT_EQ(written_by([&] { EXPECT_EQ(CliReadIfStatsOffsets(table), 1); }),
+                  " error opening file for interface statistics offset file\n");
+        EXPECT_EQ(written_by([&] { EXPECT_FALSE(write_offset_file(table)); }),
+                  " error opening file for interface statistics offset file upadte\n");
+    }
+}
+}  // namespace

@@ -1,0 +1,77 @@
+#include <cstring>
+
+#include "commands/command_session.h"
+#include "commands/handlers.h"
+#include "platform/ipc_client.h"
+
+namespace {
+constexpr char kClear[] = "All configuration will be cleared and system will reset.\nDo you want to continue (y/n)?";
+constexpr char kReset[] = " System will reboot (Yes/No) : ";
+constexpr char kYesOrNo[] = " Error: Action confirm word must be \"yes\" or \"no\"\a\n";
+constexpr char kNotRunning[] = "\aThe configuration service is not running\n";
+constexpr char kNoReason[] = "\aThe request failed, no reason was given\n";
+
+class Persistence : public CommandSession {
+protected:
+    // What an earlier command has left: none of it goes out again.
+    Persistence() { std::memset(&usrComParam, 0x5A, sizeof usrComParam); }
+};
+
+TEST_F(Persistence, SaveSendsTheBareCode)
+{
+    EXPECT_EQ(run(CliSaveConfig), "Save configure successfully!\r\n");
+    EXPECT_TRUE(same_record(last_request(), bare_request(code::kSaveConfiguration)));
+    refused[code::kSaveConfiguration] = kStatusStorageFull;
+    EXPECT_EQ(run(CliSaveConfig), "\aThe configuration could not be stored: no space is left\n");
+    exchangeFails[code::kSaveConfiguration] = IPC_NOT_RUNNING;
+    EXPECT_EQ(run(CliSaveConfig), kNotRunning);
+}
+
+TEST_F(Persistence, BothRestartingCommandsAskUntilYesOrNo)
+{
+    for (const Action command : {CliClearConfig, CliRestSystem}) {
+        const char* question = command == CliClearConfig ? kClear : kReset;
+        EXPECT_EQ(run(command), question);
+        EXPECT_EQ(stage(), 133u);
+        EXPECT_EQ(answer(""), question);
+        EXPECT_EQ(answer("nope"), std::string(kYesOrNo) + question);
+        EXPECT_EQ(answer("yes!"), std::string(kYesOrNo) + question);
+        EXPECT_EQ(answer("n"), "");
+        EXPECT_FALSE(asking());
+    }
+    EXPECT_TRUE(codes().empty());
+}
+
+TEST_F(Persistence, ClearThenRestart)
+{
+    refused[code::kClearConfiguration] = kStatusStorageReadOnly;  // the status words are not looked at
+    refused[code::kRestart] = kStatusNotPermitted;
+    run(CliClearConfig);
+    EXPECT_EQ(answer("Yes"), "\nRebooting...\n");
+    EXPECT_EQ(codes(), (std::vector<std::uint16_t>{code::kClearConfiguration, code::kRestart}));
+    EXPECT_TRUE(same_record(service_stand_in::requests()[0], bare_request(code::kClearConfiguration)));
+    EXPECT_TRUE(same_record(service_stand_in::requests()[1], bare_request(code::kRestart)));
+
+    exchangeFails[code::kRestart] = IPC_NOT_RUNNING;
+    run(CliClearConfig);
+    EXPECT_EQ(answer("y"), std::string("\nRebooting...\n") + kNotRunning);
+
+    exchangeFails[code::kClearConfiguration] = IPC_NOT_RUNNING;
+    run(CliClearConfig);
+    EXPECT_EQ(answer("y"), kNotRunning);
+    EXPECT_EQ(sent(code::kRestart), 2u) << "no restart when the configuration could not be asked to be cleared";
+}
+
+TEST_F(Persistence, RestartReportsTheStatusWord)
+{
+    run(CliRestSystem);
+    EXPECT_EQ(answer("y"), "reboot...\r\n");
+    EXPECT_TRUE(same_record(last_request(), bare_request(code::kRestart)));
+    refused[code::kRestart] = kStatusNotPermitted;
+    run(CliRestSystem);
+    EXPECT_EQ(answer("y"), "reboot...\r\n\aThe configuration service is not allowed to do that on this device\n");
+    exchangeFails[code::kRestart] = IPC_NOT_RUNNING;
+    run(CliRestSystem);
+    EXPECT_EQ(answer("y"), std::string("reboot...\r\n") + kNoReason) << "the status word, though the exchange failed";
+}
+}  // namespace

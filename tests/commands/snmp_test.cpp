@@ -1,0 +1,135 @@
+// SNMP: communities, state, trap managers and the kernel's counters.
+#include <fstream>
+#include <unistd.h>
+
+#include "commands/command_session.h"
+#include "commands/handlers.h"
+#include "commands/snmp_statistics.h"
+#include "service/fields/snmp.h"
+#include "service/fields/system.h"
+
+namespace {
+Word text_word(const char* text) { return reinterpret_cast<Word>(text); }
+
+class Snmp : public CommandSession {
+protected:
+    Snmp() { snmp_record::readCommunity.set(held(), "public"); }
+    ComParam& held() { return record(code::kReadSnmp); }
+
+    void set_managers()
+    {
+        unsigned char entries[2][trap_manager_entry::kSize]{};
+        trap_manager_entry::name.set(entries[0], "office");
+        trap_manager_entry::address.set(entries[0], 0xC0A80105);
+        trap_manager_entry::enabled.set(entries[0], 1);
+        trap_manager_entry::name.set(entries[1], "a-name-of-all-thirty-characters");
+        trap_manager_entry::address.set(entries[1], 0x0A000001);
+        set_table(code::kReadSnmp, {reinterpret_cast<const char*>(entries), sizeof entries});
+        snmp_record::trapManagers.set(held(), 2);
+    }
+};
+
+TEST_F(Snmp, TheWriteCommunityIsToldOnceAndNeverShown)
+{
+    run(CliSetComStrWrite, {text_word("fifteen-letters")});
+    ComParam request = last_request();
+    EXPECT_EQ(record::code.get(request), code::kWriteSnmp);
+    EXPECT_STREQ(snmp_record::writeCommunity.get(request), "fifteen-letters");
+    EXPECT_STREQ(snmp_record::readCommunity.get(request), "public");
+    EXPECT_EQ(snmp_record::writeCommunity.length(usrComParam), 0u);
+
+    snmp_record::writeCommunitySet.set(held(), 1);
+    EXPECT_EQ(run(CliShowSnmp), "   SNMP:                          disabled\n"
+                                "   Community string (read-only):  public\n"
+                                "   Community string (read-write): ********\n"
+                                "   Trap managers:                 0\n");
+}
+
+TEST_F(Snmp, TrapManagersAreAddedSwitchedAndDeletedByName)
+{
+    struct Case {
+        Action command;
+        std::uint16_t code;
+        std::uint8_t enabled;
+        std::uint32_t address;
+        const char* screen;
+    };
+    const Case kCases[] = {
+        {CliAddTrapMgr, code::kAddTrapManager, 1, 0xC0A80105, "Trap manager office is added: 192.168.1.5\n"},
+        {CliDelTrapMgr, code::kDeleteTrapManager, 0, 0, "Trap manager office is deleted.\n"},
+        {CliEnableTrapMgr, code::kEnableTrapManager, 1, 0, "Trap manager office is enabled.\n"},
+        {CliDisableTrapMgr, code::kEnableTrapManager, 0, 0, "Trap manager office is disabled.\n"},
+    };
+    for (const Case& c : kCases) {
+        EXPECT_EQ(run(c.command, {text_word("office"), 0xC0A80105}), c.screen);
+        ComParam wanted = bare_request(c.code);
+        trap_manager_request::name.set(wanted, "office");
+        trap_manager_request::enabled.set(wanted, c.enabled);
+        trap_manager_request::address.set(wanted, c.address);
+        EXPECT_TRUE(same_record(last_request(), wanted)) << c.screen;
+    }
+    refused[code::kAddTrapManager] = kStatusTableFull;
+    EXPECT_EQ(run(CliAddTrapMgr, {text_word("office"), 1}), "\aThe table of trap managers is full\n");
+}
+
+TEST_F(Snmp, ShowsTheTrapManagers)
+{
+    EXPECT_EQ(run(CliShowTrapMgr), "There are no trap managers.\n");
+    set_managers();
+    const std::string head = "Trap manager                   IP address      State\n"
+                             "--------------------------------------------------------\n";
+    const std::string office = "office                         192.168.1.5     enabled\n";
+    EXPECT_EQ(run(CliShowTrapMgr), head + office + "a-name-of-all-thirty-character 10.0.0.1        disabled\n");
+    EXPECT_EQ(run(CliShowTrapMgrParm, {text_word("office")}), head + office);
+    EXPECT_EQ(run(CliShowTrapMgrParm, {text_word("off")}), "\aThere is no trap manager of that name\n");
+}
+
+class SnmpStatistics : public Snmp {
+protected:
+    SnmpStatistics()
+    {
+        system_record::name.set(record(code::kReadSystem), "router");
+        system_record::upTime.set(record(code::kReadSystem), 90061);
+        path_ = testing::TempDir() + "snmp-statistics-" + std::to_string(getpid());
+        snmpStatisticsPath = path_.c_str();
+    }
+    ~SnmpStatistics() override
+    {
+        unlink(path_.c_str());
+        snmpStatisticsPath = "/proc/net/snmp";
+    }
+
+    std::string shown(const std::string& content)
+    {
+        std::ofstream(path_) << content;
+        const std::string head = "   System Name: router                    Up Time: 90061 seconds\n";
+        const std::string printed = run(CliShowSnmpStat);
+        EXPECT_EQ(printed.substr(0, head.size()), head);
+        return printed.substr(std::min(head.size(), printed.size()));
+    }
+
+    std::string path_;
+};
+
+TEST_F(SnmpStatistics, PairsTheKernelsNamesAndValues)
+{
+    EXPECT_EQ(shown("Ip: Forwarding DefaultTTL InReceives\nIp: 2 64 4294967295\n"
+                    "IcmpMsg: InType3\nIcmpMsg: 1\n"
+                    "Tcp: MaxConn\nTcp: -1\n"),
+              "\n   Ip\n     Forwarding                   2     DefaultTTL                  64\n"
+              "     InReceives          4294967295\n"
+              "\n   Tcp\n     MaxConn                     -1\n");
+}
+
+TEST_F(SnmpStatistics, ShowsWhatThereIsOfADamagedFile)
+{
+    EXPECT_EQ(shown(""), "");
+    EXPECT_EQ(shown("Ip: A B C\nIp: 1\n"), "\n   Ip\n     A                            1\n");
+    EXPECT_EQ(shown("Ip: A\n"), "");
+    EXPECT_EQ(shown("Ip: A\nTcp: 1\n"), "");
+    EXPECT_EQ(shown("\n\n"), "");
+    EXPECT_EQ(shown("Ip: " + std::string(5000, 'x') + "\nIp: 1\n"), "");
+    snmpStatisticsPath = "/no/such/file";
+    EXPECT_EQ(run(CliShowSnmpStat).substr(65), "Can't open /no/such/file\n");
+}
+}  // namespace

@@ -1,0 +1,147 @@
+#include <string>
+
+#include "configd/area_session.h"
+#include "service/fields/address.h"
+#include "service/fields/routes.h"
+#include "service/fields/system.h"
+
+namespace {
+using namespace address_record;
+
+constexpr std::uint32_t kNet = 0x0A000000, kClassC = 0xFFFFFF00;
+
+class AddressArea : public AreaSession {
+protected:
+    AddressArea() { machine.interfaces = {interface_named("eth0", 1, 0xC0A80901)}; }
+
+    static ComParam lan_request(std::uint16_t code)
+    {
+        ComParam made = request(code);
+        interface.set(made, "lan");
+        return made;
+    }
+    std::uint32_t set_lan(std::uint32_t own, std::uint32_t mask, std::uint32_t router = 0, std::uint32_t server = 0)
+    {
+        ComParam made = lan_request(code::kWriteAddress);
+        mode.set(made, kStatic);
+        address.set(made, own);
+        netmask.set(made, mask);
+        gateway.set(made, router);
+        primaryDns.set(made, server);
+        return ask(made);
+    }
+    void manage_machine()
+    {
+        profile.manageAddresses = true;
+        start();
+    }
+    std::uint32_t system_address() { return ask(code::kReadSystem), system_record::lanAddress.get(answer.record); }
+    // The gateway of the first default route, as the console looks for it.
+    std::uint32_t shown_gateway()
+    {
+        ask(code::kReadRoutes);
+        for (std::size_t at = 0; at < answer.table.size(); at += route_entry::kSize) {
+            const unsigned char* entry = answer.table.data() + at;
+            if (route_entry::destination.get(entry) == 0 && route_entry::netmask.get(entry) == 0)
+                return route_entry::gateway.get(entry);
+        }
+        return 0;
+    }
+};
+
+struct Case {
+    const char* name;
+    std::uint32_t address, netmask, gateway, server;
+    ServiceStatus status;
+};
+// clang-format off
+constexpr Case kCases[] = {
+    {"Host",             kNet + 2,   kClassC,    kNet + 1,   0x08080808, kStatusOk},
+    {"NoGateway",        kNet + 3,   kClassC,    0,          0,          kStatusOk},
+    {"GatewayIsItself",  kNet + 4,   kClassC,    kNet + 4,   0,          kStatusOk},
+    {"GatewayElsewhere", kNet + 5,   kClassC,    kNet + 257, 0,          kStatusAddressOutOfRange},
+    {"GatewayIsNoHost",  kNet + 6,   kClassC,    kNet + 255, 0,          kStatusAddressOutOfRange},
+    {"Broadcast",        kNet + 255, kClassC,    0,          0,          kStatusAddressOutOfRange},
+    {"Network",          kNet,       kClassC,    0,          0,          kStatusAddressOutOfRange},
+    {"PointToPoint",     kNet,       0xFFFFFFFE, 0,          0,          kStatusOk},
+    {"Multicast",        0xE0000001, kClassC,    0,          0,          kStatusAddressOutOfRange},
+    {"Loopback",         0x7F000001, 0xFF000000, 0,          0,          kStatusAddressOutOfRange},
+    {"NoAddress",        0,          kClassC,    0,          0,          kStatusAddressOutOfRange},
+    {"NoNetmask",        kNet + 7,   0,          0,          0,          kStatusValueRefused},
+    {"NetmaskWithHole",  kNet + 8,   0xFF00FF00, 0,          0,          kStatusValueRefused},
+    {"ServerIsNoHost",   kNet + 9,   kClassC,    0,          0xFFFFFFFF, kStatusValueRefused},
+};
+// clang-format on
+TEST_F(AddressArea, TheLanAddressIsAHostOfItsNetwork)
+{
+    for (const Case& each : kCases) {
+        EXPECT_EQ(set_lan(each.address, each.netmask, each.gateway, each.server), each.status) << each.name;
+        EXPECT_EQ(system_address() == each.address, each.status == kStatusOk) << each.name;
+        ask(lan_request(code::kReadAddress));
+        EXPECT_EQ(address.get(answer.record) == each.address, each.status == kStatusOk) << each.name;
+    }
+}
+
+TEST_F(AddressArea, AnAutomaticAddressIsTheInterfaces)
+{
+    ComParam made = lan_request(code::kWriteAddress);
+    mode.set(made, kAutomatic);
+    EXPECT_EQ(ask(made), kStatusOk);
+    EXPECT_EQ(address.get(answer.record), 0xC0A80901u);
+    EXPECT_EQ(system_address(), 0xC0A80901u);
+    mode.set(made, 3);
+    EXPECT_EQ(ask(made), kStatusValueRefused);
+}
+
+TEST_F(AddressArea, TheRouterIsTheGatewayThatIsShown)
+{
+    EXPECT_EQ(shown_gateway(), 0u);
+    EXPECT_EQ(set_lan(kNet + 2, kClassC, kNet + 1), kStatusOk);
+    EXPECT_EQ(shown_gateway(), kNet + 1);
+    EXPECT_TRUE(machine.routes.empty()) << "the machine is left alone";
+    machine.routes.push_back({.gateway = 0x0A090001, .interface = "eth1"});
+    EXPECT_EQ(shown_gateway(), 0x0A090001u) << "what the kernel uses comes first";
+}
+
+TEST_F(AddressArea, TheMachineGetsAddressRouterAndNameServer)
+{
+    machine.nameServers = {0x09090909, 0x01010101};
+    manage_machine();
+    EXPECT_EQ(set_lan(kNet + 2, kClassC, kNet + 1, 0x08080808), kStatusOk);
+    EXPECT_EQ(machine.addressSet, kNet + 2);
+    ASSERT_EQ(machine.routes.size(), 1u);
+    EXPECT_EQ(machine.routes[0].gateway, kNet + 1);
+    EXPECT_STREQ(machine.routes[0].interface, "eth0");
+    EXPECT_EQ(machine.nameServers, (std::array<std::uint32_t, 2>{0x08080808, 0x09090909}));
+
+    EXPECT_EQ(set_lan(kNet + 3, kClassC, kNet + 254, 0x08080808), kStatusOk);
+    ASSERT_EQ(machine.routes.size(), 1u);
+    EXPECT_EQ(machine.routes[0].gateway, kNet + 254);
+    EXPECT_EQ(set_lan(kNet + 3, kClassC), kStatusOk);
+    EXPECT_TRUE(machine.routes.empty());
+    EXPECT_EQ(machine.nameServers, (std::array<std::uint32_t, 2>{0x09090909, 0})) << "what was set here is gone";
+    EXPECT_EQ(set_lan(kNet + 3, kClassC, kNet + 3), kStatusOk);
+    EXPECT_TRUE(machine.routes.empty()) << "no route through itself";
+
+    machine.routes.push_back({.gateway = 0x0A090001, .interface = "eth1"});
+    EXPECT_EQ(set_lan(kNet + 3, kClassC, kNet + 1, 0x04040404), kStatusOk);
+    EXPECT_EQ(machine.routes.size(), 1u) << "the WAN side's default route stays";
+    EXPECT_EQ(machine.nameServers, (std::array<std::uint32_t, 2>{0x04040404, 0x09090909}));
+}
+
+TEST_F(AddressArea, WhatTheMachineRefusesIsNotKept)
+{
+    manage_machine();
+    EXPECT_EQ(set_lan(kNet + 2, kClassC), kStatusOk);
+    machine.error = EPERM;
+    EXPECT_EQ(set_lan(kNet + 3, kClassC), kStatusNotPermitted);
+    EXPECT_EQ(system_address(), kNet + 2);
+
+    // The address is taken and the router is not: the address goes back as well.
+    machine.error = 0;
+    machine.routeError = ENETUNREACH;
+    EXPECT_EQ(set_lan(kNet + 4, kClassC, kNet + 1), kStatusUnreachableGateway);
+    EXPECT_EQ(system_address(), kNet + 2);
+    EXPECT_EQ(machine.addressSet, kNet + 2);
+}
+}  // namespace

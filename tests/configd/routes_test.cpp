@@ -1,0 +1,197 @@
+#include <gtest/gtest.h>
+#include <optional>
+
+#include "configd/areas/routes.h"
+#include "configd/machine_stand_in.h"
+#include "configd/memory_storage.h"
+#include "configd/operations.h"
+#include "service/codes.h"
+#include "service/fields/routes.h"
+
+namespace {
+constexpr std::uint32_t kNetwork = 0x0A140000, kMask16 = 0xFFFF0000, kRouter = 0x0A090001;
+
+device::Route to(std::uint32_t destination, std::uint32_t netmask, std::uint32_t gateway, const char* interface = "",
+                 std::uint32_t hops = 0)
+{
+    device::Route route{.destination = destination, .netmask = netmask, .gateway = gateway, .metric = hops};
+    std::strncpy(route.interface, interface, sizeof route.interface - 1);
+    return route;
+}
+const device::Route kFar = to(kNetwork, kMask16, kRouter, "", 5), kDefault = to(0, 0, kRouter);
+
+class Routes : public testing::Test {
+protected:
+    Routes()
+    {
+        machine = {};
+        machine.interfaces = {interface_named("eth0", 1), interface_named("eth1", 2, 0x0A090002)};
+        machine.routes = {to(0x0A090000, 0xFFFFFFFC, 0, "eth1")};
+        machine.routes[0].connected = true;
+        restart_service();
+    }
+    void restart_service()
+    {
+        service.emplace(Service{kMachineStandIn, profile, Store(model, storage.operations(), {"run", "state"})});
+        service->store.start();
+        restore_routes(*service);
+    }
+
+    std::uint32_t ask(std::uint16_t code, const device::Route& route = {})
+    {
+        ComParam request{};
+        record::kind.set(request, record::kRequest);
+        record::code.set(request, code);
+        route_request::destination.set(request, route.destination);
+        route_request::netmask.set(request, route.netmask);
+        route_request::gateway.set(request, route.gateway);
+        route_request::interface.set(request, *longName ? longName : route.interface);
+        route_request::hops.set(request, route.metric);
+        answer_request(*service, request, answer);
+        return record::status.get(answer.record);
+    }
+    std::uint32_t add(const device::Route& route) { return ask(code::kAddRoute, route); }
+    std::uint32_t remove(const device::Route& route) { return ask(code::kDeleteRoute, route); }
+
+    // The table as the console gets it: destination/hops/flags of each row.
+    std::string table()
+    {
+        EXPECT_EQ(ask(code::kReadRoutes), kStatusOk);
+        std::string rows;
+        for (std::size_t at = 0; at < answer.table.size(); at += route_entry::kSize) {
+            const unsigned char* entry = answer.table.data() + at;
+            char row[64];
+            std::snprintf(row, sizeof row, "%x/%u/%u ", route_entry::destination.get(entry),
+                          route_entry::hops.get(entry), route_entry::flags.get(entry));
+            rows += row;
+        }
+        return rows;
+    }
+    std::string stored() { return storage.files["run/running.json"]; }
+
+    const Model model = model_of(areas());
+    Profile profile = [] {
+        Profile made = built_in_profile();
+        made.restart = RestartMeans::kReload;
+        return made;
+    }();
+    MemoryStorage storage;
+    std::optional<Service> service;
+    Answer answer;
+    const char* longName = "";
+};
+
+TEST_F(Routes, AddedOnesAreInTheKernelAndSurviveARestart)
+{
+    EXPECT_EQ(add(kFar), kStatusOk);
+    EXPECT_EQ(add(kDefault), kStatusOk);
+    EXPECT_EQ(table(), "a090000/0/0 a140000/5/1 0/0/1 ");
+
+    machine.routes.resize(1);  // as after a restart of the machine
+    EXPECT_EQ(table(), "a090000/0/0 a140000/5/0 0/0/0 ") << "set, but not up";
+    restart_service();
+    EXPECT_EQ(table(), "a090000/0/0 a140000/5/1 0/0/1 ");
+    restart_service();
+    EXPECT_EQ(machine.routes.size(), 3u) << "what is there is not added again";
+
+    EXPECT_EQ(remove(kFar), kStatusOk);
+    EXPECT_EQ(remove(kDefault), kStatusOk);
+    EXPECT_EQ(machine.routes.size(), 1u);
+    restart_service();
+    EXPECT_EQ(table(), "a090000/0/0 ");
+}
+
+TEST_F(Routes, RefusedOnesSayWhyAndChangeNothing)
+{
+    ASSERT_EQ(add(kFar), kStatusOk);
+    const std::string before = stored();
+    const struct {
+        const char* name;
+        device::Route route;
+        int kernel;  // what the kernel refuses it with
+        ServiceStatus status;
+    } kCases[] = {
+        {"netmask with a hole", to(kNetwork, 0xFF00FF00, kRouter), 0, kStatusNetmaskRefused},
+        {"destination with host bits", to(kNetwork + 1, kMask16, kRouter), 0, kStatusNotANetwork},
+        {"host bits under a netmask of 0", to(kNetwork, 0, kRouter), 0, kStatusNotANetwork},
+        {"too many hops", to(0, 0, kRouter, "", 256), 0, kStatusTooManyHops},
+        {"neither gateway nor interface", to(0, 0, 0), 0, kStatusGatewayRefused},
+        {"gateway that is no host", to(0, 0, 0x7F000001), 0, kStatusGatewayRefused},
+        {"gateway that is our own", to(0, 0, 0x0A090002), 0, kStatusGatewayRefused},
+        {"a name that no file can hold", to(0, 0, 0, "eth\x80"), 0, kStatusValueRefused},
+        {"added before", kFar, 0, kStatusDuplicateAddress},
+        {"added before, another gateway", to(kNetwork, kMask16, 0, "eth1", 1), 0, kStatusDuplicateAddress},
+        {"the kernel's own", to(0x0A090000, 0xFFFFFFFC, kRouter, "", 9), 0, kStatusDuplicateAddress},
+        {"unknown interface", to(0, 0, 0, "eth9"), ENODEV, kStatusUnknownInterface},
+        {"interface switched off", to(0, 0, 0, "eth0"), ENETDOWN, kStatusInterfaceDown},
+        {"gateway on no network", to(0, 0, 0x08080808), ENETUNREACH, kStatusUnreachableGateway},
+        {"gateway that is a broadcast address", to(0, 0, 0x0A090003), EINVAL, kStatusGatewayRefused},
+        {"not permitted", to(0, 0, kRouter), EPERM, kStatusNotPermitted},
+    };
+    for (const auto& each : kCases) {
+        machine.error = each.kernel;
+        EXPECT_EQ(add(each.route), each.status) << each.name;
+        EXPECT_EQ(machine.routes.size(), 2u) << each.name;
+        EXPECT_EQ(stored(), before) << each.name;
+    }
+    machine.error = 0;
+    longName = "eth1-and-so-much-more";
+    EXPECT_EQ(add(to(0, 0, 0)), kStatusUnknownInterface);
+}
+
+TEST_F(Routes, WhatCannotBeKeptDoesNotStayInTheKernel)
+{
+    ASSERT_EQ(add(kFar), kStatusOk);
+    storage.readOnly = true;
+    EXPECT_EQ(add(kDefault), kStatusStorageReadOnly);
+    EXPECT_EQ(remove(kFar), kStatusStorageReadOnly);
+    EXPECT_EQ(table(), "a090000/0/0 a140000/5/1 ");
+    storage.readOnly = false;
+
+    machine.error = EPERM;
+    EXPECT_EQ(remove(kFar), kStatusNotPermitted);
+    EXPECT_EQ(table(), "a090000/0/0 a140000/5/1 ");
+}
+
+TEST_F(Routes, ThereIsRoomForThirtyTwo)
+{
+    for (std::uint32_t i = 0; i < 32; i++) ASSERT_EQ(add(to(0x0B000000 + (i << 8), 0xFFFFFF00, kRouter)), kStatusOk);
+    EXPECT_EQ(add(kDefault), kStatusTableFull);
+    EXPECT_EQ(machine.routes.size(), 33u);
+}
+
+TEST_F(Routes, OfOthersAreDeletedButNotAnAddressesOwn)
+{
+    machine.routes.push_back(to(0, 0, kRouter, "eth1", 100));  // a DHCP client's
+    EXPECT_EQ(add(kDefault), kStatusDuplicateAddress);
+    EXPECT_EQ(remove(kDefault), kStatusOk);
+    EXPECT_EQ(table(), "a090000/0/0 ");
+    EXPECT_EQ(remove(kDefault), kStatusUnknownAddress);
+    EXPECT_EQ(remove(to(0x0A090000, 0xFFFFFFFC, 0)), kStatusConnectedRoute);
+    EXPECT_EQ(remove(to(0x0A090000, 0xFFFFFF00, 0)), kStatusUnknownAddress);
+}
+
+TEST_F(Routes, OneThatIsNotUpCanBeDeleted)
+{
+    ASSERT_EQ(add(kFar), kStatusOk);
+    machine.routes.resize(1);
+    machine.routes.push_back(to(kNetwork, kMask16, kRouter + 1, "eth0", 7));  // another's
+    EXPECT_EQ(table(), "a090000/0/0 a140000/7/0 a140000/5/0 ");
+    EXPECT_EQ(remove(kFar), kStatusOk);
+    EXPECT_EQ(table(), "a090000/0/0 a140000/7/0 ");
+}
+
+TEST_F(Routes, FollowTheConfiguration)
+{
+    ASSERT_EQ(add(kFar), kStatusOk);
+    ASSERT_EQ(ask(code::kSaveConfiguration), kStatusOk);
+    ASSERT_EQ(remove(kFar), kStatusOk);
+    ASSERT_EQ(add(kDefault), kStatusOk);
+    machine.routes.push_back(to(0x0C000000, 0xFF000000, kRouter));  // nobody's business
+    EXPECT_EQ(ask(code::kRestart), kStatusOk);
+    EXPECT_EQ(table(), "a090000/0/0 c000000/0/0 a140000/5/1 ");
+
+    EXPECT_EQ(ask(code::kClearConfiguration), kStatusOk);
+    EXPECT_EQ(table(), "a090000/0/0 c000000/0/0 ");
+}
+}  // namespace

@@ -1,0 +1,97 @@
+// The help command, read to its end as an operator does: every category, page by page.
+#include <algorithm>
+#include <sstream>
+
+#include "terminal/dialogue_session.h"
+
+namespace {
+constexpr std::size_t kPageLines = 22;
+constexpr char kAnyKey[] = "Press any key to continue...";
+const std::string kQuestion = " please enter a selection number [1..8] for more detail information: ";
+const std::string kListing = "Commands are categorized as follows:\n"
+                             "\n   (1) System             (2) IP                 (3) Filtering         "
+                             "\n   (4) DHCP Server        (5) SNMP               (6) Diagnostics       "
+                             "\n   (7) Security           (8) Statistics        \n" +
+                             kQuestion;
+
+class Help : public DialogueSession {
+protected:
+    Help() { play({"help", kListing}); }
+
+    // Every line that lists a command.
+    static std::vector<std::string> commands_in(const std::string& page)
+    {
+        std::vector<std::string> commands;
+        std::istringstream text(page);
+        for (std::string line; std::getline(text, line);)
+            if (line.starts_with("    ")) commands.push_back(line.substr(4));
+        return commands;
+    }
+
+    // What the selection lists, each page read and a key pressed for the next one.
+    std::vector<std::string> select(int selection, std::size_t commands)
+    {
+        const std::string number = std::to_string(selection);
+        t.type(number + '\n');
+        t.until(number + "\n\n");
+        std::vector<std::string> listed;
+        for (;;) {
+            const bool isFull = commands - listed.size() >= kPageLines;
+            const auto page = commands_in(t.until(isFull ? kAnyKey : kQuestion));
+            listed.insert(listed.end(), page.begin(), page.end());
+            if (!isFull) return listed;
+            EXPECT_EQ(page.size(), kPageLines);
+            t.type("k");
+        }
+    }
+};
+
+struct Category {
+    int selection;
+    std::size_t commands;
+    const char* one;  // of them
+};
+// clang-format off
+constexpr Category kCategories[] = {
+    {1, 27, "save config"},
+    {2, 16, "add ip route <destination IP> <destination netmask> <gateway address/interface name> <hop counts>"},
+    {3,  6, "set mac filter mode <MAC filter mode, disabled/grant/deny>"},
+    {4,  8, "add dhcp static <IP address> <MAC address, XX-XX-XX-XX-XX-XX>"},
+    {5,  9, "show snmp"},
+    {6, 14, "show log table <facility>"},
+    {7, 14, "change password"},
+    {8,  1, "show snmp statistics"},
+};
+// clang-format on
+TEST_F(Help, ReadsEveryCategoryPageByPage)
+{
+    for (const Category& each : kCategories) {
+        const auto listed = select(each.selection, each.commands);
+        EXPECT_EQ(listed.size(), each.commands) << each.selection;
+        EXPECT_NE(std::ranges::find(listed, each.one), listed.end()) << each.selection;
+    }
+    play({"", kPrompt});
+}
+
+TEST_F(Help, AsksAgainForWhatIsNoSelection)
+{
+    const std::string none = error_line("Associated help information is not available") + kQuestion;
+    play({{"0", none}, {"9", none}, {"one", none}, {"1 ", none}, {"??", none}, {"?", kListing}});
+    play({{std::string(60, '1'), none}, {"", kPrompt}, {"show dhcp static", "IP Address "}});
+}
+
+TEST_F(Help, GoesOnAtAnyKeyAndEndsAtCtrlC)
+{
+    for (const char* key : {"\n", kCtrlE, "\x7f", "q"}) {
+        t.type("1\n");
+        t.until(kAnyKey);
+        t.type(key);
+        t.until("show upnp\n" + kQuestion);
+    }
+    t.type("1\n");
+    t.until(kAnyKey);
+    t.type(kCtrlC);
+    EXPECT_TRUE(t.until(kPrompt).ends_with(std::string("^C\a\n") + kPrompt));
+    EXPECT_EQ(run("show dhcp static").substr(0, 10), "IP Address");
+}
+}  // namespace
