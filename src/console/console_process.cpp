@@ -67,12 +67,13 @@ int read_until(int term, int reads, bool (*wanted)(int key))
     return key;
 }
 
-// The rest of an escape sequence, whose Escape has been read: ESC [ x is the key -x. EOF at the end of the input.
-int fold_escape(int term)
+// The rest of an escape sequence, whose Escape has been read: ESC [ x is the key -x. False at the end of the input.
+bool fold_escape(int term, int& folded)
 {
-    if (read_until(term, kIntroducerReads, [](int key) { return key == '['; }) == EOF) return EOF;
+    if (read_until(term, kIntroducerReads, [](int key) { return key == '['; }) == EOF) return false;
     const int last = read_until(term, kFinalReads, [](int key) { return key > 0; });
-    return last == EOF ? EOF : -last;
+    folded = -last;
+    return last != EOF;
 }
 
 void dispatch(Session& slot, int key)
@@ -149,8 +150,7 @@ bool serve_key(Session& slot)
         }
     }
     if (key == key::kEscape) {
-        key = fold_escape(slot.term);
-        if (key == EOF) return false;
+        if (!fold_escape(slot.term, key)) return false;
     }
     dispatch(slot, static_cast<signed char>(key));
     return true;

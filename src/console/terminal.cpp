@@ -16,6 +16,7 @@ constexpr int kSessionKeys[] = {VSTOP, VINTR, VQUIT};
 bool keysTaken;
 cc_t keysDisabled;
 cc_t keysFound[std::size(kSessionKeys)];
+tcflag_t flowFound;  // IXON as it was: without a stop key Linux takes a NUL for it where the reader is slow
 
 void set_keys(termios& attributes, const cc_t (&keys)[std::size(kSessionKeys)])
 {
@@ -48,7 +49,10 @@ int save_tty_info()
     termios found;
     const int result = tcgetattr(STDIN_FILENO, &found);
     if (result != 0) return result;  // the attributes kept earlier stay
-    if (keysTaken) set_keys(found, keysFound);
+    if (keysTaken) {
+        set_keys(found, keysFound);
+        found.c_iflag |= flowFound;
+    }
     savedTty = found;
     return result;
 }
@@ -79,8 +83,11 @@ int set_keypress(std::FILE* stream)
 
 void take_keys(termios& attributes, unsigned char disabled)
 {
-    if (!keysTaken)
+    if (!keysTaken) {
         for (std::size_t i = 0; i < std::size(kSessionKeys); ++i) keysFound[i] = attributes.c_cc[kSessionKeys[i]];
+        flowFound = attributes.c_iflag & IXON;
+    }
+    attributes.c_iflag &= ~static_cast<tcflag_t>(IXON);
     keysTaken = true;
     keysDisabled = disabled;
     for (const int key : kSessionKeys) attributes.c_cc[key] = disabled;

@@ -21,7 +21,8 @@ TEST(Attempts, EachWrongOneCostsMoreUpToALimitUntilARightOne)
 TEST(Attempts, ARestartOfTheServiceDoesNotHelp)
 {
     MemoryStorage storage;
-    for (const int wanted : {100, 200, 400}) EXPECT_EQ(Attempts(storage.operations(), "run").wrong(), milliseconds(wanted));
+    for (const int wanted : {100, 200, 400})
+        EXPECT_EQ(Attempts(storage.operations(), "run").wrong(), milliseconds(wanted));
     for (const char* damaged : {"", "x", "-1", "99999999999"}) {
         storage.files["run/wrong-passwords"] = damaged;
         EXPECT_EQ(Attempts(storage.operations(), "run").wrong(), Attempts::kLongest) << damaged;

@@ -1,4 +1,5 @@
 // The real program against those who may not: what it runs without, what wrong passwords cost, and where secrets are.
+#include <algorithm>
 #include <chrono>
 #include <filesystem>
 #include <sys/stat.h>
@@ -52,7 +53,8 @@ TEST_F(Protection, RunsWithoutWhatItDoesNotNeed)
     EXPECT_EQ(status_line("NoNewPrivs"), "1");
     EXPECT_EQ(status_line("Seccomp"), "2");
     for (const char* set : {"CapInh", "CapAmb"}) EXPECT_EQ(std::stoull(status_line(set), nullptr, 16), 0u) << set;
-    constexpr unsigned long long kNetAdmin = 1 << 12, kSysTime = 1 << 25;  // the profile of the tests leaves the clock to it
+    constexpr unsigned long long kNetAdmin = 1 << 12,
+                                 kSysTime = 1 << 25;  // the profile of the tests leaves the clock to it
     EXPECT_EQ(std::stoull(status_line("CapPrm"), nullptr, 16) & ~(kNetAdmin | kSysTime), 0u);
 }
 
@@ -95,7 +97,8 @@ TEST_P(UnreadableFile, IsSetAsideAndToldAtEachLoginUntilASave)
 {
     std::filesystem::create_directories(state);
     const std::string saved = state + "/config.json";
-    std::ofstream(state + "/config.previous.json") << R"({"format": 1, "management": {"http_port": 8001}, "later": "kept"})";
+    std::ofstream(state + "/config.previous.json")
+        << R"({"format": 1, "management": {"http_port": 8001}, "later": "kept"})";
     std::ofstream(saved) << GetParam().content;
     if (GetParam().size > 0) std::filesystem::resize_file(saved, GetParam().size);
 
@@ -117,7 +120,8 @@ TEST_P(UnreadableFile, IsSetAsideAndToldAtEachLoginUntilASave)
     text << std::ifstream(saved).rdbuf();
     EXPECT_NE(text.str().find("\"later\": \"kept\""), std::string::npos) << text.str();
 }
-INSTANTIATE_TEST_SUITE_P(Files, UnreadableFile, testing::ValuesIn(kUnreadable), [](const auto& f) { return f.param.name; });
+INSTANTIATE_TEST_SUITE_P(Files, UnreadableFile, testing::ValuesIn(kUnreadable),
+                         [](const auto& f) { return f.param.name; });
 
 TEST_F(Protection, AnOrdinaryLoginIsAnsweredWithNothing)
 {
@@ -125,7 +129,8 @@ TEST_F(Protection, AnOrdinaryLoginIsAnsweredWithNothing)
     const auto answer = client->ask(password_request("admin"));
     ASSERT_TRUE(answer);
     const auto* payload = answer->record.bytes + record::kPayload;
-    EXPECT_TRUE(std::all_of(payload, answer->record.bytes + record::kPayloadEnd, [](unsigned char b) { return b == 0; }));
+    EXPECT_TRUE(
+        std::all_of(payload, answer->record.bytes + record::kPayloadEnd, [](unsigned char b) { return b == 0; }));
 }
 
 struct Canary {
@@ -135,13 +140,17 @@ struct Canary {
     std::vector<std::uint16_t> carriers;  // whose answers need it: who may change the rest sees it
 };
 const Canary kCanaries[] = {
-    {"canary-console", 0, code::kChangePassword,
+    {"canary-console",
+     0,
+     code::kChangePassword,
      [](ComParam& request, const char* secret) {
          password_record::password.set(request, "admin");
          password_record::newPassword.set(request, secret);
      },
      {}},
-    {"canary-radius", 0, code::kWriteRadius,
+    {"canary-radius",
+     0,
+     code::kWriteRadius,
      [](ComParam& request, const char* secret) {
          radius_record::name.set(request, "primary");
          radius_record::secret.set(request, secret);
@@ -150,32 +159,59 @@ const Canary kCanaries[] = {
          radius_record::reattempt.set(request, 60);
          radius_record::address.set(request, 0x0A000009);
      },
-     {code::kReadRadius, code::kWriteRadius}},
-    {"canary-writes", code::kReadSnmp, code::kWriteSnmp,
-     [](ComParam& request, const char* secret) { snmp_record::writeCommunity.set(request, secret); }, {}},
-    {"canary-ddns", code::kReadDdns, code::kWriteDdns,
-     [](ComParam& request, const char* secret) { ddns_record::password.set(request, secret); }, {}},
-    {"canary-phrase", code::kReadWirelessSettings, code::kWriteWirelessSettings,
+     {code::kReadRadius}},
+    {"canary-writes",
+     code::kReadSnmp,
+     code::kWriteSnmp,
+     [](ComParam& request, const char* secret) { snmp_record::writeCommunity.set(request, secret); },
+     {}},
+    {"canary-ddns",
+     code::kReadDdns,
+     code::kWriteDdns,
+     [](ComParam& request, const char* secret) { ddns_record::password.set(request, secret); },
+     {}},
+    {"canary-phrase",
+     code::kReadWirelessSettings,
+     code::kWriteWirelessSettings,
      [](ComParam& request, const char* secret) { wireless_record::passphrase.set(request, secret); },
-     {code::kReadWirelessSettings, code::kWriteWirelessSettings}},
-    {"canary-key-12", code::kReadWirelessSettings, code::kWriteWirelessSettings,
+     {code::kReadWirelessSettings}},
+    {"ca-4a-12-e5-0f",
+     0,
+     code::kWritePresetKey,
+     [](ComParam& request, const char* secret) {
+         preset_key_record::index.set(request, 1);
+         preset_key_record::key.set(request, secret);
+     },
+     {}},
+    {"canary-key-12",
+     code::kReadWirelessSettings,
+     code::kWriteWirelessSettings,
      [](ComParam& request, const char* secret) {
          wireless_record::key[0].set(request, secret);
          wireless_record::keyType[0].set(request, wireless_record::kAscii128);
          wireless_record::keyLength.set(request, wireless_record::k128Bit);
      },
-     {code::kReadWirelessSettings, code::kWriteWirelessSettings}},
+     {code::kReadWirelessSettings}},
 };
 constexpr std::uint16_t kReads[] = {
-    code::kReadRegDomain,   code::kReadPresetKey,     code::kReadWirelessPort, code::kReadSystem,
-    code::kReadLeases,      code::kReadWirelessClients, code::kReadBridgeTable, code::kReadManagement,
-    code::kReadDhcpStatic,  code::kReadMacFilter,     code::kReadSnmp,         code::kReadWdsPeers,
-    code::kReadRadius,      code::kReadDdns,          code::kReadNatRedirect,  code::kReadIpFilter,
-    code::kReadNatTrigger,  code::kReadOperationMode, code::kReadDmz,          code::kReadTime,
-    code::kReadPort,        code::kReadInterfaces,    code::kReadNat,          code::kReadWirelessSettings,
-    code::kReadLogTable,    code::kReadLogFacilities, code::kReadSystemLog,    code::kReadUpnp,
-    code::kReadDhcpServer,  code::kReadRoutes,        code::kReadRip,          code::kReadAddress,
-    code::kReadPingAllowance, code::kReadPortStatistics, code::kReadLink,      code::kReadMacRegister,
+    code::kReadRegDomain,     code::kReadPresetKey,
+    code::kReadWirelessPort,  code::kReadSystem,
+    code::kReadLeases,        code::kReadWirelessClients,
+    code::kReadBridgeTable,   code::kReadManagement,
+    code::kReadDhcpStatic,    code::kReadMacFilter,
+    code::kReadSnmp,          code::kReadWdsPeers,
+    code::kReadRadius,        code::kReadDdns,
+    code::kReadNatRedirect,   code::kReadIpFilter,
+    code::kReadNatTrigger,    code::kReadOperationMode,
+    code::kReadDmz,           code::kReadTime,
+    code::kReadPort,          code::kReadInterfaces,
+    code::kReadNat,           code::kReadWirelessSettings,
+    code::kReadLogTable,      code::kReadLogFacilities,
+    code::kReadSystemLog,     code::kReadUpnp,
+    code::kReadDhcpServer,    code::kReadRoutes,
+    code::kReadRip,           code::kReadAddress,
+    code::kReadPingAllowance, code::kReadPortStatistics,
+    code::kReadLink,          code::kReadMacRegister,
 };
 
 class Secrets : public Protection {
@@ -228,7 +264,7 @@ TEST_F(Secrets, AreNowhereTheyNeedNotBe)
     start();
     for (const std::uint16_t each : kReads) search_answers(each);
 
-    const std::string log = logged();
+    const std::string lines = logged();
     std::string kept;
     for (const auto& file : std::filesystem::recursive_directory_iterator(folder.path())) {
         if (!file.is_regular_file()) continue;
@@ -238,11 +274,11 @@ TEST_F(Secrets, AreNowhereTheyNeedNotBe)
         if (isOwn && file.path().extension() == ".json") kept += text.str();
         for (const Canary& canary : kCanaries) {
             EXPECT_TRUE(isOwn || text.str().find(canary.secret) == std::string::npos) << canary.secret << file.path();
-            EXPECT_EQ(log.find(canary.secret), std::string::npos) << canary.secret << " in " << log;
+            EXPECT_EQ(lines.find(canary.secret), std::string::npos) << canary.secret << " in " << lines;
         }
     }
     EXPECT_EQ(kept.find("canary-console"), std::string::npos) << "only its hash is kept";
-    for (const char* planted : {"canary-radius", "canary-writes", "canary-ddns", "canary-phrase"})
+    for (const char* planted : {"canary-radius", "canary-writes", "canary-ddns", "canary-phrase", "ca-4a-12-e5-0f"})
         EXPECT_NE(kept.find(planted), std::string::npos) << planted << " was never there";
 }
 }  // namespace

@@ -74,17 +74,13 @@ const Case kCases[] = {
 };
 // clang-format on
 class Sandbox : public testing::TestWithParam<Case> {};
-TEST_P(Sandbox, AllowsWhatTheServiceDoes)
-{
-    EXPECT_EQ(in_sandbox({}, GetParam().attempt), GetParam().error);
-}
+TEST_P(Sandbox, AllowsWhatTheServiceDoes) { EXPECT_EQ(in_sandbox({}, GetParam().attempt), GetParam().error); }
 INSTANTIATE_TEST_SUITE_P(Attempts, Sandbox, testing::ValuesIn(kCases), [](const auto& c) { return c.param.name; });
 
 // The calls come as far as the kernel's own judgement.
 TEST(Sandbox, KeepsWhatTheProfileLeavesToTheService)
 {
-    EXPECT_EQ(in_sandbox({.setClock = true},
-[] { return error_of(clock_settime(CLOCK_REALTIME, &never)); }), EINVAL);
+    EXPECT_EQ(in_sandbox({.setClock = true}, [] { return error_of(clock_settime(CLOCK_REALTIME, &never)); }), EINVAL);
     if (geteuid() != 0) GTEST_SKIP() << "only root may restart a machine";
     EXPECT_EQ(in_sandbox({.restartMachine = true}, [] { return error_of(reboot(0x12345678)); }), EINVAL);
 }

@@ -44,7 +44,7 @@ TEST_F(EngineeringCommands, TheShellGetsTheLineAsItWasFound)
     t.type("stty -echo; PS1='re''ady> '\n");
     t.until("ready> ");
     EXPECT_EQ(t.attributes().c_cc[VINTR], t.found().c_cc[VINTR]);
-    t.type("echo sleeping; sleep 100\n");
+    t.type("sh -c 'echo sleeping; exec sleep 100'\n");
     t.until("sleeping\n");
     t.send("\x03");  // a signal here, and for the sleeping program alone
     t.until("ready> ");
