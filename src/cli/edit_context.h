@@ -1,9 +1,9 @@
 // What a session edits: the line, the history, and the chain of parse nodes that the smart editor keeps, one a word.
 #pragma once
 
-#include "values/parm_list.h"
-
 #include <cstdint>
+
+#include "values/parm_list.h"
 
 inline constexpr int kLineCapacity = 120;  // characters of a line
 inline constexpr int kWordCapacity = 79;   // characters of a word

@@ -1,9 +1,9 @@
 // The gateway of the device's default route, as the routing table of the service has it.
 #pragma once
 
-#include "service/client.h"
-
 #include <cstdint>
+
+#include "service/client.h"
 
 struct DefaultGateway {
     std::uint32_t address;  // host order; 0: none

@@ -1,9 +1,9 @@
 // Tests of an address against the device's own LAN network.
 #pragma once
 
-#include "service/client.h"
-
 #include <cstdint>
+
+#include "service/client.h"
 
 extern std::uint32_t g_unNumOfHosts;  // the largest allowed width of an address pool
 

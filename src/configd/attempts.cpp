@@ -30,9 +30,10 @@ Attempts::Attempts(Storage storage, const std::string& folder) : storage_(std::m
 
 std::chrono::milliseconds Attempts::wrong()
 {
-    count_ = std::min(count_ + 1, kMost);
+    const unsigned before = std::min(count_, kMost - 1);
+    count_ = before + 1;
     write();
-    return std::min(kFirst * (1 << (count_ - 1)), kLongest);
+    return std::min(kFirst * (1 << before), kLongest);
 }
 
 void Attempts::right()

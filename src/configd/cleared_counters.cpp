@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <iterator>
 #include <memory>
 
 #include "configd/log.h"
@@ -74,16 +75,12 @@ ClearedCounters::Values ClearedCounters::since(Counted what, const std::string& 
 int ClearedCounters::write(const Groups& groups) const
 {
     const Json root(json_object());
-    for (std::size_t i = 0; i < groups.size(); i++) json_object_set_new(root.get(), kNames[i], to_json(groups[i]));
+    for (std::size_t i = 0; i < std::size(kNames); i++) json_object_set_new(root.get(), kNames[i], to_json(groups[i]));
     const std::unique_ptr<char, void (*)(void*)> text(json_dumps(root.get(), JSON_INDENT(2)), std::free);
     if (!text) return ENOMEM;
 
     const std::string fresh = file_ + ".new";
-    int file = -1;
-    if (const int error = storage_.create(fresh, file)) return error;
-    int error = storage_.write(file, text.get());
-    const int closed = storage_.close(file);
-    if (error == 0) error = closed;
+    int error = write_whole(storage_, fresh, text.get(), Durable::kNo);
     if (error == 0) error = storage_.rename(fresh, file_);
     if (error != 0) storage_.unlink(fresh);
     return error;

@@ -92,7 +92,7 @@ constexpr scmp_arg_cmp is_type(int type)
     return {1, SCMP_CMP_MASKED_EQ, kTypeOfSocket, static_cast<scmp_datum_t>(type)};
 }
 
-// The console, the system log and hostapd; routes and interfaces; a syslog server and what an interface is asked by.
+// The console, the system log and hostapd; routes and interfaces; a syslog server.
 void allow_sockets(Filter& filter)
 {
     const scmp_arg_cmp local[] = {is(0, AF_UNIX)};
@@ -103,8 +103,13 @@ void allow_sockets(Filter& filter)
     filter.allow("socket", routes);
     filter.allow("socket", datagrams);
     filter.allow("socket", datagrams6);
-    for (const std::uint64_t request :
-         {std::uint64_t{SIOCETHTOOL}, std::uint64_t{SIOCGIFNAME}, std::uint64_t{SIOCGIFINDEX}, std::uint64_t{TCGETS}}) {
+}
+
+// How an interface's link is asked for, and what the C library asks on the way: number and name of an interface,
+// whether a stream is a terminal.
+void allow_controls(Filter& filter)
+{
+    for (const std::uint64_t request : {SIOCETHTOOL, SIOCGIFINDEX, SIOCGIFNAME, int{TCGETS}}) {
         const scmp_arg_cmp same[] = {is(1, request)};
         filter.allow("ioctl", same);
     }
@@ -119,6 +124,7 @@ int load_filter(Privileges kept)
         for (const char* call : kCallsOfSanitizers) filter.allow(call);
     }
     allow_sockets(filter);
+    allow_controls(filter);
     const scmp_arg_cmp itself[] = {is(0, static_cast<std::uint64_t>(getpid()))};
     filter.allow("tgkill", itself);  // abort()
     if (kept.setClock) {

@@ -1,12 +1,11 @@
 // The table behind an answer: whole entries of one size, whatever the answer claims about them.
 #pragma once
 
-#include "service/record.h"
-
 #include <cstddef>
 
-class AttachedTable
-{
+#include "service/record.h"
+
+class AttachedTable {
 public:
     // `response`: the response memory as the IPC client library gave it, `memory` bytes of it (record and table).
     // Yields whole entries only; a length of 0, one that is no multiple of the entry size, or a position outside

@@ -1,16 +1,15 @@
 #include "service/client.h"
 
+#include <cstring>
+
 #include "console/terminal.h"
 #include "platform/ipc_client.h"
 #include "platform/log_messages.h"
 
-#include <cstring>
-
 ComParam usrComParam, wizardParam, oldWizardParam, OldSettingsParam;
 void* sysComParam;
 
-namespace
-{
+namespace {
 constexpr std::uint32_t kTextFlags = 0xFDFDFDFD;  // what this system always passes to the log message library
 constexpr char kBell = 7;
 

@@ -2,12 +2,12 @@
 // what went wrong. Every request is followed by exactly one release, whatever its outcome.
 #pragma once
 
+#include <cstdint>
+
 #include "service/attached_table.h"
 #include "service/codes.h"
 #include "service/record.h"
 #include "service/status.h"
-
-#include <cstdint>
 
 extern ComParam usrComParam;       // the request, and after it a copy of the answer
 extern void* sysComParam;          // the answer in the library's memory, until its release
@@ -40,8 +40,7 @@ Outcome write_record(std::uint16_t code);  // sends usrComParam as it stands
 
 // A request whose answer is looked at in place, with its attached table, before the release at the end of the scope.
 // The answer is also in usrComParam when that was the request.
-class Exchange
-{
+class Exchange {
 public:
     // Sends usrComParam with `code` as it stands.
     explicit Exchange(std::uint16_t code);

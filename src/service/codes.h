@@ -4,8 +4,7 @@
 
 #include <cstdint>
 
-namespace code
-{
+namespace code {
 // clang-format off
 inline constexpr std::uint16_t
     kCheckPassword        =   11,

@@ -96,8 +96,7 @@ using TextField = Within<kRecordSize>::TextField;
 using MacField = Within<kRecordSize>::MacField;
 
 // The head and the tail that every record has.
-namespace record
-{
+namespace record {
 inline constexpr Field<std::uint16_t> kind{0};                 // always kRequest in what the console sends
 inline constexpr Field<std::uint32_t> code{4};                 // service/codes.h
 inline constexpr Field<std::uint32_t> status{8};               // in an answer: service/status.h

@@ -29,17 +29,17 @@ enum ServiceStatus : std::uint32_t {
     kStatusDuplicatePeer = 21,      // the WDS peers report in the system's group, so they have their own
     kStatusDuplicatePeerAddress = 22,
     kStatusPeerTableFull = 23,
-    kStatusPoolRefused,             // the addresses of a pool are no range of hosts in one network
-    kStatusNoTimeServer,            // the NTP client is to run and has no server
-    kStatusNetmaskRefused,          // its bits are not in one block from the top
-    kStatusNotANetwork,             // a route's destination has bits that its netmask does not cover
+    kStatusPoolRefused,     // the addresses of a pool are no range of hosts in one network
+    kStatusNoTimeServer,    // the NTP client is to run and has no server
+    kStatusNetmaskRefused,  // its bits are not in one block from the top
+    kStatusNotANetwork,     // a route's destination has bits that its netmask does not cover
     kStatusTooManyHops,
-    kStatusGatewayRefused,          // no address of another device
+    kStatusGatewayRefused,  // no address of another device
     kStatusInterfaceDown,
-    kStatusConnectedRoute,          // the route goes with the address of an interface
-    kStatusPortInUse,  // another service of the device has that port
-    kStatusNotSet,     // a setting that this one needs is not set
-    kStatusPortsTaken,  // another redirection has some of these ports
+    kStatusConnectedRoute,  // the route goes with the address of an interface
+    kStatusPortInUse,       // another service of the device has that port
+    kStatusNotSet,          // a setting that this one needs is not set
+    kStatusPortsTaken,      // another redirection has some of these ports
     kStatusEnd
 };
 

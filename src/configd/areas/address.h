@@ -18,6 +18,6 @@ std::array<std::uint32_t, 2> name_servers(const Service& service);
 // The default route through the router that the LAN's settings name; gateway 0: they name none.
 device::Route lan_default_route(const Service& service);
 
-// Gives the machine the address, the router and the name server of the LAN where the profile leaves that to the service.
-// 0 or an errno value.
+// Gives the machine the address, the router and the name server of the LAN where the profile leaves that to the
+// service. 0 or an errno value.
 int apply_lan_address(const Service& service);

@@ -34,20 +34,20 @@ ServiceStatus check(const unsigned char* image)
 
 // clang-format off
 constexpr auto kRows = std::to_array<Setting>({
-    row::flag   ("enabled",             dhcp_record::state,        true),
-    row::address("lower_address",       dhcp_record::lowerAddress, kFactoryLower),
-    row::address("upper_address",       dhcp_record::upperAddress, kFactoryUpper),
-    row::address("netmask",             dhcp_record::netmask,      kClassC, is_netmask),
-    row::number ("lease_minutes",       dhcp_record::leaseTime,    {.min = 1, .max = kLongestLease, .factory = kFactoryLease}),
-    row::address("gateway",             dhcp_record::gateway,      kFactoryRouter),
-    row::address("primary_name_server", dhcp_record::primaryDns,   0),
-    row::address("second_name_server",  dhcp_record::secondaryDns, 0),
+    row::flag   ("enabled",               dhcp_record::state,        true),
+    row::address("lower_address",         dhcp_record::lowerAddress, kFactoryLower),
+    row::address("upper_address",         dhcp_record::upperAddress, kFactoryUpper),
+    row::address("netmask",               dhcp_record::netmask,      kClassC, is_netmask),
+    row::number ("lease_minutes",         dhcp_record::leaseTime,    {.min = 1, .max = kLongestLease, .factory = kFactoryLease}),
+    row::address("gateway",               dhcp_record::gateway,      kFactoryRouter),
+    row::address("primary_name_server",   dhcp_record::primaryDns,   0),
+    row::address("secondary_name_server", dhcp_record::secondaryDns, 0),
 });
 constexpr Section kSections[] = {section("dhcp_server", "", kRows, check)};
 
 constexpr Column kColumns[] = {
     {row::address("address", dhcp_entry::address, 0, is_host), dhcp_static_request::address.at, kByAddress},
-    {row::mac    ("mac",     dhcp_entry::mac),                              dhcp_static_request::mac.at,     kByMac},
+    {row::mac    ("mac",     dhcp_entry::mac),                 dhcp_static_request::mac.at,     kByMac},
 };
 constexpr Identity kIdentities[] = {
     {kStatusDuplicateAddress, kStatusUnknownAddress},

@@ -69,7 +69,6 @@ ServiceStatus read_time(Call& call)
     return read_section(call);
 }
 
-// Moves the device's clock by `step`, in the configuration or in the machine.
 ServiceStatus move_offset(std::int64_t step, Bytes& clock)
 {
     const std::int64_t offset = kOffset.get(clock.data()) + step;
@@ -77,6 +76,7 @@ ServiceStatus move_offset(std::int64_t step, Bytes& clock)
     kOffset.set(clock.data(), static_cast<std::int32_t>(offset));
     return kStatusOk;
 }
+
 ServiceStatus move_machine(const Service& service, std::int64_t step)
 {
     return step == 0 ? kStatusOk : device::status_of(service.device.set_clock(service.device.read_clock() + step));

@@ -3,8 +3,7 @@
 
 #include "service/record.h"
 
-namespace address_record
-{
+namespace address_record {
 inline constexpr Field<std::uint8_t> mode{12};  // Mode
 inline constexpr TextField interface {
     24, 16

@@ -3,13 +3,11 @@
 
 #include "service/record.h"
 
-namespace interface_record
-{
+namespace interface_record {
 inline constexpr Field<std::uint16_t> count{108};  // 811: entries of the attached table
 }  // namespace interface_record
 
-namespace interface_entry
-{
+namespace interface_entry {
 using At = Within<96>;
 inline constexpr std::size_t kSize = At::room;
 inline constexpr At::Field<std::uint8_t> type{0};  // Type

@@ -3,8 +3,7 @@
 
 #include "service/record.h"
 
-namespace system_record
-{
+namespace system_record {
 inline constexpr TextField prompt{12, 16};
 inline constexpr TextField description{28, 112};
 inline constexpr TextField location{140, 61};

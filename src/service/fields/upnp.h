@@ -3,7 +3,6 @@
 
 #include "service/record.h"
 
-namespace upnp_record
-{
+namespace upnp_record {
 inline constexpr Field<std::uint8_t> enabled{60};  // 1: enabled
 }  // namespace upnp_record

@@ -3,8 +3,7 @@
 
 #include "service/record.h"
 
-namespace wireless_port_record
-{
+namespace wireless_port_record {
 inline constexpr TextField radio{3232, 16};  // "radio1" or "radio2"; the key of the request
 inline constexpr TextField ssid{3263, 38};
 inline constexpr Field<std::uint8_t> mode{3486};
