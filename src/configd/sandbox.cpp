@@ -109,8 +109,8 @@ void allow_sockets(Filter& filter)
 // whether a stream is a terminal.
 void allow_controls(Filter& filter)
 {
-    for (const std::uint64_t request : {SIOCETHTOOL, SIOCGIFINDEX, SIOCGIFNAME, int{TCGETS}}) {
-        const scmp_arg_cmp same[] = {is(1, request)};
+    for (const int request : {SIOCETHTOOL, SIOCGIFINDEX, SIOCGIFNAME, TCGETS}) {
+        const scmp_arg_cmp same[] = {is(1, static_cast<std::uint64_t>(request))};
         filter.allow("ioctl", same);
     }
 }

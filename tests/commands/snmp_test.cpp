@@ -15,18 +15,6 @@ class Snmp : public CommandSession {
 protected:
     Snmp() { snmp_record::readCommunity.set(held(), "public"); }
     ComParam& held() { return record(code::kReadSnmp); }
-
-    void set_managers()
-    {
-        unsigned char entries[2][trap_manager_entry::kSize]{};
-        trap_manager_entry::name.set(entries[0], "office");
-        trap_manager_entry::address.set(entries[0], 0xC0A80105);
-        trap_manager_entry::enabled.set(entries[0], 1);
-        trap_manager_entry::name.set(entries[1], "a-name-of-all-thirty-characters");
-        trap_manager_entry::address.set(entries[1], 0x0A000001);
-        set_table(code::kReadSnmp, {reinterpret_cast<const char*>(entries), sizeof entries});
-        snmp_record::trapManagers.set(held(), 2);
-    }
 };
 
 TEST_F(Snmp, TheWriteCommunityIsToldOnceAndNeverShown)
@@ -37,12 +25,6 @@ TEST_F(Snmp, TheWriteCommunityIsToldOnceAndNeverShown)
     EXPECT_STREQ(snmp_record::writeCommunity.get(request), "fifteen-letters");
     EXPECT_STREQ(snmp_record::readCommunity.get(request), "public");
     EXPECT_EQ(snmp_record::writeCommunity.length(usrComParam), 0u);
-
-    snmp_record::writeCommunitySet.set(held(), 1);
-    EXPECT_EQ(run(CliShowSnmp), "   SNMP:                          disabled\n"
-                                "   Community string (read-only):  public\n"
-                                "   Community string (read-write): ********\n"
-                                "   Trap managers:                 0\n");
 }
 
 TEST_F(Snmp, TrapManagersAreAddedSwitchedAndDeletedByName)
@@ -57,7 +39,6 @@ TEST_F(Snmp, TrapManagersAreAddedSwitchedAndDeletedByName)
     const Case kCases[] = {
         {CliAddTrapMgr, code::kAddTrapManager, 1, 0xC0A80105, "Trap manager office is added: 192.168.1.5\n"},
         {CliDelTrapMgr, code::kDeleteTrapManager, 0, 0, "Trap manager office is deleted.\n"},
-        {CliEnableTrapMgr, code::kEnableTrapManager, 1, 0, "Trap manager office is enabled.\n"},
         {CliDisableTrapMgr, code::kEnableTrapManager, 0, 0, "Trap manager office is disabled.\n"},
     };
     for (const Case& c : kCases) {
@@ -68,20 +49,6 @@ TEST_F(Snmp, TrapManagersAreAddedSwitchedAndDeletedByName)
         trap_manager_request::address.set(wanted, c.address);
         EXPECT_TRUE(same_record(last_request(), wanted)) << c.screen;
     }
-    refused[code::kAddTrapManager] = kStatusTableFull;
-    EXPECT_EQ(run(CliAddTrapMgr, {text_word("office"), 1}), "\aThe table of trap managers is full\n");
-}
-
-TEST_F(Snmp, ShowsTheTrapManagers)
-{
-    EXPECT_EQ(run(CliShowTrapMgr), "There are no trap managers.\n");
-    set_managers();
-    const std::string head = "Trap manager                   IP address      State\n"
-                             "--------------------------------------------------------\n";
-    const std::string office = "office                         192.168.1.5     enabled\n";
-    EXPECT_EQ(run(CliShowTrapMgr), head + office + "a-name-of-all-thirty-character 10.0.0.1        disabled\n");
-    EXPECT_EQ(run(CliShowTrapMgrParm, {text_word("office")}), head + office);
-    EXPECT_EQ(run(CliShowTrapMgrParm, {text_word("off")}), "\aThere is no trap manager of that name\n");
 }
 
 class SnmpStatistics : public Snmp {

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 #include <optional>
+#include <string_view>
 
 #include "configd/machine_stand_in.h"
 #include "configd/memory_storage.h"
@@ -21,7 +22,8 @@ protected:
     // Anew, with the profile as it is now and what is stored.
     void start()
     {
-        service.emplace(Service{kMachineStandIn, profile, Store(model, storage.operations(), {"run", "state"})});
+        service.emplace(Service{kMachineStandIn, profile, Store(model, storage.operations(), {"run", "state"}),
+                                ClearedCounters(storage.operations(), "run")});
         service->store.start();
     }
 
@@ -46,6 +48,12 @@ protected:
         record::code.set(made, writeCode);
         record::attachedLength.set(made, 0);
         return made;
+    }
+
+    bool answer_shows(std::string_view text) const
+    {
+        const std::string_view record{reinterpret_cast<const char*>(answer.record.bytes), kRecordSize};
+        return record.find(text) != record.npos;
     }
 
     const Model model = model_of(areas());

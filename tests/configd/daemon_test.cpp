@@ -1,4 +1,4 @@
-// The real program on temporary folders: what survives its end, and how it starts and ends.
+// The real program on temporary folders: its files, its end, and what does not disturb it.
 #include <sys/stat.h>
 
 #include "configd/daemon.h"
@@ -21,28 +21,6 @@ protected:
     }
 };
 
-TEST_F(Daemon, ACrashLosesNothingAndADeviceRestartWhatWasNotSaved)
-{
-    start();
-    EXPECT_EQ(set_http_port(8001), kStatusOk);
-    EXPECT_EQ(save(), kStatusOk);
-    EXPECT_EQ(set_http_port(8002), kStatusOk);
-    kill();
-
-    start();
-    EXPECT_EQ(http_port(), 8002);
-    kill();
-
-    std::filesystem::remove_all(runtime);
-    start();
-    EXPECT_EQ(http_port(), 8001);
-    EXPECT_EQ(set_http_port(8003), kStatusOk);
-    EXPECT_EQ(status_of(client->ask(code::kRestart)), kStatusOk);
-    EXPECT_EQ(http_port(), 8001);
-    EXPECT_EQ(status_of(client->ask(code::kClearConfiguration)), kStatusOk);
-    EXPECT_EQ(http_port(), 80);
-}
-
 TEST_F(Daemon, FilesAreTheServicesOwn)
 {
     start();
@@ -61,16 +39,6 @@ TEST_F(Daemon, FilesAreTheServicesOwn)
         ASSERT_EQ(stat(each.path.c_str(), &about), 0) << each.path;
         EXPECT_EQ(about.st_mode & 07777, each.mode) << each.path;
     }
-}
-
-TEST_F(Daemon, ADamagedFileIsKeptAndReported)
-{
-    std::filesystem::create_directories(state);
-    std::ofstream(state + "/config.json") << "{\"format\": 1, \"management\": {\"http_port\": \"eighty\"}}";
-    start();
-    EXPECT_EQ(http_port(), 80);
-    EXPECT_TRUE(std::filesystem::exists(state + "/config.rejected-1.json"));
-    EXPECT_NE(logged().find("management.http_port"), std::string::npos) << logged();
 }
 
 TEST_F(Daemon, ASecondServiceDoesNotTakeTheSocket)
@@ -92,17 +60,6 @@ TEST_F(Daemon, EndsCleanlyWhenToldTo)
         EXPECT_FALSE(std::filesystem::exists(runtime + "/configd.sock"));
         EXPECT_EQ(next_notice(), "STOPPING=1");
     }
-}
-
-TEST_F(Daemon, WrongOptionsAndFilesAreRefused)
-{
-    EXPECT_EQ(launch({"--log", "printer"}).wait_exit(kPatience), 2);
-    EXPECT_EQ(launch({"word"}).wait_exit(kPatience), 2);
-    EXPECT_EQ(launch({"--profile", folder.path() + "/none"}).wait_exit(kPatience), EXIT_FAILURE);
-    EXPECT_EQ(launch({"--runtime-dir", folder.path() + "/" + std::string(100, 'x')}).wait_exit(kPatience),
-              EXIT_FAILURE);
-    EXPECT_EQ(launch({"--runtime-dir", "/proc/none"}).wait_exit(kPatience), EXIT_FAILURE);
-    EXPECT_EQ(launch({"--help"}).wait_exit(kPatience), EXIT_SUCCESS);
 }
 
 TEST_F(Daemon, RandomBytesDoNotDisturbIt)

@@ -17,14 +17,7 @@ struct Machine {
     int routeError = 0;  // what a new route is refused with
     std::uint32_t addressSet = 0;
     int restarts = 0;
-    std::int32_t zone = 0;  // seconds east of UTC
     std::int64_t clock = 1'000'000'000;
-    std::vector<device::Lease> leases;
-    int leaseError = 0;
-    device::Link link{};
-    int linkError = ENODEV;
-    std::vector<device::Station> stations;
-    int stationError = ENOENT;
 };
 inline Machine machine;
 
@@ -60,11 +53,7 @@ inline constexpr Device kMachineStandIn{
             return machine.error;
         },
     .set_link_up = [](const char*, bool) { return machine.error; },
-    .read_link =
-        [](const char*, device::Link& link) {
-            link = machine.link;
-            return machine.linkError;
-        },
+    .read_link = [](const char*, device::Link&) { return ENODEV; },
     .read_routes =
         [](std::vector<device::Route>& table) {
             table = machine.routes;
@@ -94,27 +83,15 @@ inline constexpr Device kMachineStandIn{
             return machine.error;
         },
     .read_up_time = []() -> std::uint32_t { return 90061; },
-    .set_time_zone =
-        [](const char*, std::int32_t east) {
-            if (machine.error == 0) machine.zone = east;
-            return machine.error;
-        },
+    .set_time_zone = [](const char*, std::int32_t) { return machine.error; },
     .read_name_servers = [](const char*) { return machine.nameServers; },
     .set_name_servers =
         [](const char*, const std::array<std::uint32_t, 2>& servers) {
             if (machine.error == 0) machine.nameServers = servers;
             return machine.error;
         },
-    .read_leases =
-        [](const char*, std::vector<device::Lease>& leases) {
-            leases = machine.leases;
-            return machine.leaseError;
-        },
-    .read_stations =
-        [](const char*, std::vector<device::Station>& stations) {
-            stations = machine.stations;
-            return machine.stationError;
-        },
+    .read_leases = [](const char*, std::vector<device::Lease>&) { return ENOENT; },
+    .read_stations = [](const char*, std::vector<device::Station>&) { return ENOENT; },
     .restart_machine =
         []() {
             machine.restarts += machine.error == 0;

@@ -97,28 +97,12 @@ protected:
     const int ending = eventfd(0, EFD_CLOEXEC);
 };
 
-TEST_F(RunningServer, OnlyTheOwnerMayOpenTheSocketAndItGoesInTheEnd)
-{
-    start();
-    struct stat about {};
-    ASSERT_EQ(stat(path.c_str(), &about), 0);
-    EXPECT_EQ(about.st_mode & 0777, 0600u);
-    stop();
-    EXPECT_NE(stat(path.c_str(), &about), 0);
-}
-
 TEST_F(RunningServer, AStaleSocketIsReplaced)
 {
     ASSERT_GE(open(path.c_str(), O_CREAT | O_CLOEXEC | O_RDWR, 0600), 0);
     start();
     RawClient client(path);
     EXPECT_TRUE(answers(client));
-}
-
-TEST_F(RunningServer, ATooLongPathIsRefused)
-{
-    Server long_path(echo);
-    EXPECT_EQ(long_path.listen(folder.path() + "/" + std::string(100, 'x')), ENAMETOOLONG);
 }
 
 TEST_F(RunningServer, ARequestMayArriveByteByByteAndSeveralAtOnce)
@@ -142,17 +126,6 @@ TEST_F(RunningServer, ARequestMayArriveByteByByteAndSeveralAtOnce)
         EXPECT_EQ(record::code.get(answer->record), code);
     }
     EXPECT_TRUE(client.is_closed());
-}
-
-TEST_F(RunningServer, HalfARequestIsForgottenWithItsClient)
-{
-    start();
-    for (int i = 0; i < 100; i++) {
-        RawClient half(path);
-        half.send(RawClient::request(9).bytes, 1000);
-    }
-    RawClient client(path);
-    EXPECT_TRUE(answers(client));
 }
 
 TEST_F(RunningServer, AClientThatTakesNoAnswerHoldsUpNobodyAndIsDropped)
@@ -185,16 +158,6 @@ TEST_F(RunningServer, AnAnswerThatIsHeldBackCostsOnlyItsOwnClientTime)
     EXPECT_TRUE(gone.receive());
     EXPECT_TRUE(answers(held));
     EXPECT_LT(cpu_time(), kHeldFor / 2) << "it does not look at the clock all the time";
-}
-
-TEST_F(RunningServer, HeldBackAnswersKeepNobodyOut)
-{
-    start({.clients = 2});
-    RawClient first(path), second(path);
-    for (RawClient* each : {&first, &second}) ASSERT_TRUE(each->send(RawClient::request(kHeldAnswer)));
-    RawClient third(path);
-    EXPECT_TRUE(answers(third));
-    EXPECT_TRUE(second.receive());
 }
 
 TEST_F(RunningServer, AnotherUserIsRefused)
@@ -261,16 +224,4 @@ TEST_F(RunningServer, WhenAllAreBusyANewClientIsRefused)
     EXPECT_TRUE(answers(next));
 }
 
-TEST(Lock, OnlyOneHoldsIt)
-{
-    TemporaryFolder folder;
-    const std::string path = folder.path() + "/lock";
-    {
-        Lock first, second;
-        EXPECT_EQ(first.take(path), 0);
-        EXPECT_EQ(second.take(path), EWOULDBLOCK);
-    }
-    Lock again;
-    EXPECT_EQ(again.take(path), 0);
-}
 }  // namespace

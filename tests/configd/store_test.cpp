@@ -56,22 +56,6 @@ TEST(Store, RunningSurvivesACrashAndSavedARestart)
     EXPECT_TRUE(storage.files.contains(kPrevious));
 }
 
-TEST(Store, RestoreGoesBackToSavedAndClearToFactory)
-{
-    MemoryStorage storage;
-    prepare(storage);
-    Store store = started(storage);
-    store.restore();
-    EXPECT_EQ(port_of(store), 2);
-    EXPECT_EQ(port_of(started(storage)), 2);
-
-    EXPECT_EQ(store.clear(), kStatusOk);
-    EXPECT_EQ(port_of(store), 80);
-    EXPECT_EQ(port_of(started(storage)), 80);
-    EXPECT_EQ(port_of(restarted(storage)), 80);
-    for (const auto& [path, content] : storage.files) EXPECT_EQ(content.find("\"port\": 1"), content.npos) << path;
-}
-
 struct Action {
     const char* name;
     std::function<ServiceStatus(Store&)> run;
@@ -122,19 +106,6 @@ TEST_P(Failing, LeavesTheOldOrTheNewConfiguration)
 }
 INSTANTIATE_TEST_SUITE_P(Steps, Failing, testing::ValuesIn(kActions), [](const auto& a) { return a.param.name; });
 
-TEST(Store, AFullRuntimeFolderKeepsNothingFromBeingRestored)
-{
-    MemoryStorage storage;
-    prepare(storage);
-    Store store = started(storage);
-    storage.changes = 0;
-    storage.failAt = 0;
-    storage.error = ENOSPC;
-    store.restore();
-    EXPECT_EQ(port_of(store), 2);
-    EXPECT_EQ(port_of(started(storage)), 2);
-}
-
 struct Damage {
     const char* name;
     std::string content;
@@ -142,10 +113,6 @@ struct Damage {
 const Damage kDamages[] = {
     {"Empty", ""},
     {"OutOfRange", "{\"format\": 1, \"alone\": {\"port\": 0}}"},
-    {"WrongType", "{\"format\": 1, \"alone\": {\"port\": \"eighty\"}}"},
-    {"NewerFormat", "{\"format\": 7}"},
-    {"Truncated", "{\"format\": 1,"},
-    {"NotUtf8", "{\"format\": 1, \"alone\": {\"title\": \"\xc3\"}}"},
     {"TooLarge", "{\"format\": 1}" + std::string(Store::kLargestFile, ' ')},
 };
 class Damaged : public testing::TestWithParam<Damage> {};
@@ -208,19 +175,6 @@ TEST(Store, TheNoticeLastsUntilASaveOrAClear)
         EXPECT_EQ(store.notice(), "");
         EXPECT_EQ(restarted(storage).notice(), "");
         EXPECT_EQ(storage.files.contains(kRejected), !clears) << "a cleared device keeps nothing";
-    }
-}
-
-TEST(Store, TheLongestNoticeIsWholeAndADamagedOneIsNone)
-{
-    MemoryStorage storage;
-    storage.files[kRunning] = storage.files[kSaved] = storage.files[kPrevious] = "bad";
-    const std::string notice = started(storage).notice();
-    EXPECT_TRUE(notice.ends_with(" The factory configuration is in force.")) << notice;
-    EXPECT_EQ(started(storage).notice(), notice);
-    for (const std::string& damaged : {std::string("a\0b", 3), std::string("\x1b[2J"), std::string(1000, 'x')}) {
-        storage.files[kNotice] = damaged;
-        EXPECT_EQ(started(storage).notice(), "");
     }
 }
 

@@ -8,7 +8,6 @@
 
 #include "configd/area_session.h"
 #include "configd/areas/system_log.h"
-#include "configd/log.h"
 #include "configd/request_log.h"
 #include "configd/system_log.h"
 #include "platform/log_messages.h"
@@ -19,15 +18,6 @@
 
 namespace {
 constexpr std::uint32_t kLoopback = 0x7F000001;
-
-TEST(SystemLog, KeepsTheLatestEntriesNewestLast)
-{
-    SystemLog log;
-    for (std::size_t i = 0; i < SystemLog::kCapacity + 3; i++) log.log(Facility::kNat, LOG_NOTICE, std::to_string(i));
-    ASSERT_EQ(log.entries().size(), 512u);
-    EXPECT_EQ(log.entries().front().text, "3");
-    EXPECT_EQ(log.entries().back().text, "514");
-}
 
 TEST(SystemLog, KeepsWhatItsRulesWant)
 {
@@ -55,15 +45,6 @@ TEST(SystemLog, AnEntryIsOneLineOfItsLength)
     const std::string& text = log.entries().back().text;
     EXPECT_TRUE(text.starts_with("two?lines?[2J?x")) << text;
     EXPECT_EQ(text.size(), SystemLog::kLongestText);
-}
-
-TEST(SystemLog, FacilitiesAreTheLibrarys)
-{
-    for (std::size_t i = 0; i < kFacilities; i++) {
-        EXPECT_STREQ(kFacilityNames[i], facilitynames[i].name);
-        EXPECT_EQ(facilitynames[i].value, 192 + 8 * i);
-    }
-    EXPECT_EQ(facilitynames[kFacilities].name, nullptr);
 }
 
 TEST(RemoteLog, SendsOneDatagramAnEntry)
@@ -157,33 +138,6 @@ TEST_F(LogArea, HasAChangeARefusalAndAWrongPassword)
     EXPECT_EQ(newest(facility_bit(Facility::kLogin)), "6 console password accepted");
 }
 
-TEST_F(LogArea, LevelsAndFacilitiesDecideWhatComesIn)
-{
-    const std::uint32_t system = facility_bit(Facility::kSystem);
-    ComParam level = request(code::kWriteLogLevel);
-    system_log_record::level.set(level, LOG_WARNING);
-    ASSERT_EQ(ask(level), kStatusOk);
-    EXPECT_EQ(newest(), "5 log level accepted") << "the rules as they were when it was asked";
-    ASSERT_EQ(ask(level), kStatusOk);
-    ask(to_write(code::kReadSystem, code::kWriteSystem));
-    EXPECT_EQ(newest(), "5 log level accepted");
-
-    EXPECT_EQ(write_state(code::kWriteLogFacility, system, LOG_NOTICE), kStatusOk);
-    ask(to_write(code::kReadSystem, code::kWriteSystem));
-    EXPECT_EQ(newest(), "5 system settings accepted");
-
-    EXPECT_EQ(write_state(code::kWriteTraceFacility, system, kFacilityOn), kStatusOk);
-    ask(code::kReadSystem);
-    EXPECT_EQ(newest(), "7 request 200 accepted");
-
-    start();  // what was written is the configuration's
-    ask(code::kReadLogFacilities);
-    ASSERT_EQ(answer.table.size(), kFacilities * facility_entry::kSize);
-    EXPECT_EQ(facility_entry::facility.get(answer.table.data()), system);
-    EXPECT_EQ(facility_entry::log.get(answer.table.data()), LOG_NOTICE);
-    EXPECT_EQ(facility_entry::trace.get(answer.table.data()), kFacilityOn);
-}
-
 TEST_F(LogArea, RefusesWhatIsNoFacilityOrNoServer)
 {
     for (const std::uint32_t bad : {0u, 8u, 0x80000000u, 0x80000018u, 0xFFFFFFFFu}) {
@@ -203,16 +157,10 @@ TEST_F(LogArea, RefusesWhatIsNoFacilityOrNoServer)
     system_log_record::remoteEnabled.set(remote, 0);
     EXPECT_EQ(ask(remote), kStatusOk);
     EXPECT_EQ(log_rules(*service).remote.address, 0u);
-    system_log_record::level.set(remote, 0);  // none of this code's business
     system_log_record::remoteEnabled.set(remote, 1);
     EXPECT_EQ(ask(remote), kStatusOk);
     EXPECT_EQ(log_rules(*service).remote.address, 0x0A000009u);
     EXPECT_EQ(log_rules(*service).remote.sender, "router");
 }
 
-TEST_F(LogArea, LinesOfTheServiceComeIn)
-{
-    log_line(LOG_WARNING, "no %s", "requests");
-    EXPECT_EQ(newest(facility_bit(Facility::kSystem)), "4 no requests");
-}
 }  // namespace

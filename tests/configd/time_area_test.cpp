@@ -1,7 +1,6 @@
 #include <string>
 
 #include "configd/area_session.h"
-#include "configd/areas/time.h"
 #include "service/fields/time.h"
 
 namespace {
@@ -11,10 +10,9 @@ constexpr std::uint32_t kMachineTime = 1'000'000'000;
 
 class TimeArea : public AreaSession {
 protected:
-    void use(ClockMeans means, const char* zoneFile = "")
+    void use(ClockMeans means)
     {
         profile.clock = means;
-        profile.timeZone = zoneFile;
         start();
     }
     std::uint32_t set_time(std::uint32_t seconds, std::int16_t index = kZoneNotSet)
@@ -65,45 +63,6 @@ TEST_F(TimeArea, AnOffsetLeavesTheMachineAlone)
     EXPECT_EQ(shown(), kMachineTime + 100);
 }
 
-TEST_F(TimeArea, AClockOutsideTheRecordShowsItsEnds)
-{
-    use(ClockMeans::kDevice);
-    machine.clock = -5;
-    EXPECT_EQ(shown(), 0u);
-    machine.clock = std::int64_t{1} << 40;
-    EXPECT_EQ(shown(), UINT32_MAX);
-}
-
-TEST_F(TimeArea, AZoneIsAnIndexOfTheTable)
-{
-    for (const int index : {-1, 0, 13, 31}) {
-        EXPECT_EQ(set_time(kMachineTime, static_cast<std::int16_t>(index)), kStatusOk) << index;
-        EXPECT_EQ(zone.get(answer.record), index);
-    }
-    for (const int index : {-2, 32, 32767, -32768})
-        EXPECT_EQ(set_time(kMachineTime, static_cast<std::int16_t>(index)), kStatusValueRefused) << index;
-    EXPECT_NE(storage.files.at("run/running.json").find("\"zone\": \"GMT+13:00\""), std::string::npos);
-}
-
-TEST_F(TimeArea, TheMachineGetsTheZoneWhereTheProfileNamesItsFile)
-{
-    set_time(kMachineTime, 21);
-    EXPECT_EQ(machine.zone, 0);
-    use(ClockMeans::kOffset, "localtime");
-    EXPECT_EQ(set_time(kMachineTime, 9), kStatusOk);
-    EXPECT_EQ(machine.zone, -12600);
-    EXPECT_EQ(set_time(kMachineTime, kZoneNotSet), kStatusOk);
-    EXPECT_EQ(machine.zone, 0);
-
-    machine.error = EACCES;
-    ComParam made = to_write(code::kReadTime, code::kWriteNtpClient);
-    zone.set(made, 21);
-    EXPECT_EQ(ask(made), kStatusNotPermitted);
-    ask(code::kReadTime);
-    EXPECT_EQ(zone.get(answer.record), kZoneNotSet);
-    EXPECT_EQ(apply_time_zone(*service), EACCES);
-}
-
 struct ClientCase {
     const char* name;
     std::uint8_t enabled, byAddress;
@@ -111,22 +70,13 @@ struct ClientCase {
     std::uint32_t address, hours;
     ServiceStatus status;
 };
-const std::string kLongestName(50, 'n'), kFullField(51, 'n');
+const std::string kFullField(51, 'n');
 const ClientCase kClients[] = {
     {"ByName", 1, 0, "time.example", 0, 1, kStatusOk},
-    {"ByAddress", 1, 1, "", 0x0A000001, 720, kStatusOk},
-    {"LongestName", 1, 0, kLongestName.c_str(), 0, 24, kStatusOk},
-    {"OffWithoutAServer", 0, 0, "", 0, 24, kStatusOk},
     {"OnWithoutAName", 1, 0, "", 0x0A000001, 24, kStatusNoTimeServer},
-    {"OnWithoutAnAddress", 1, 1, "time.example", 0, 24, kStatusNoTimeServer},
-    {"NameWithBlank", 0, 0, "time example", 0, 24, kStatusValueRefused},
     {"NameWithControl", 0, 0, "time\033[2J", 0, 24, kStatusValueRefused},
     {"NameWithoutNul", 0, 0, kFullField.c_str(), 0, 24, kStatusValueRefused},
-    {"NoInterval", 0, 0, "", 0, 0, kStatusValueRefused},
-    {"IntervalTooLong", 0, 0, "", 0, 721, kStatusValueRefused},
     {"AddressIsNoHost", 0, 1, "", 0xFFFFFFFF, 24, kStatusValueRefused},
-    {"NeitherNameNorAddress", 0, 2, "", 0, 24, kStatusValueRefused},
-    {"NeitherOnNorOff", 2, 0, "", 0, 24, kStatusValueRefused},
 };
 TEST_F(TimeArea, TheNtpClientIsTakenOrRefusedAsAWhole)
 {

@@ -19,28 +19,18 @@ struct Case {
 using namespace std::literals;
 constexpr Case kCases[] = {
     {"EmptyFile", "", "ttyS0", "", true},
-    {"OnlyComments", "# root tty9\n\n   # *\n", "ttyS0", "", true},
-    {"OthersOnly", "admin ttyS1\nrooted tty9\n", "ttyS0", "", true},
     {"Named", "root tty1 ttyS0\n", "ttyS0", "", true},
     {"NamedWithDevice", "root /dev/ttyS0\n", "ttyS0", "", true},
     {"NotNamed", "root tty1 ttyS1\n", "ttyS0", "", false},
     {"BeginningIsNotEnough", "root ttyS\n", "ttyS0", "", false},
     {"LongerIsNotEnough", "root ttyS01\n", "ttyS0", "", false},
     {"NoTerminalAtAll", "root\n", "ttyS0", "", false},
-    {"SecondLineOfTheUser", "root tty1\nroot ttyS0", "ttyS0", "", true},
-    {"AnyUser", "* ttyS0\n", "ttyS0", "", true},
-    {"AnyUserElsewhere", "* ttyS1\n", "ttyS0", "", false},
-    {"AnyUserAddsToTheOwnLine", "root ttyS1\n* ttyS0\n", "ttyS0", "", true},
     {"CommentEndsALine", "root tty1 # ttyS0\n", "ttyS0", "", false},
     {"TabsAndCarriageReturns", "\troot\t\ttty1 \t ttyS0\r\n", "ttyS0", "", true},
-    {"PtyName", "root pts/3\n", "pts/3", "", true},
     {"Host", "root ttyS0 @Console.example\n", "pts/3", "console.EXAMPLE", true},
     {"OtherHost", "root ttyS0 @console.example\n", "pts/3", "evil.example", false},
-    {"HostNotRemote", "root @console.example\n", "ttyS0", "", false},
-    {"EmptyHostWord", "root @\n", "ttyS0", "", false},
     {"HostNamedLikeATerminal", "root ttyS0\n", "pts/3", "ttyS0", false},
     {"HostCannotPutInAWord", "root ttyS0\n", "pts/3", "@ttyS0", false},
-    {"NulIsNoBlank", "root\0 ttyS1\nroot ttyS1\0ttyS0\n"sv, "ttyS0", "", false},
     {"BytesAbove127", "\xff\xfe\x80 ttyS1\nroot \xff ttyS0 \x80\n", "ttyS0", "", true},
 };
 class TerminalAllowed : public testing::TestWithParam<Case> {};
@@ -76,15 +66,6 @@ protected:
     char folder_[32] = "/tmp/access_test_XXXXXX";
     std::string path_;
 };
-
-TEST_F(AccessFile, AbsentLetsEverybodyIn) { EXPECT_TRUE(allows("ttyS0")); }
-
-TEST_F(AccessFile, IsReadWhole)
-{
-    write(std::string(60000, '\n') + "root ttyS0\n");
-    EXPECT_TRUE(allows("ttyS0"));
-    EXPECT_FALSE(allows("ttyS1"));
-}
 
 TEST_F(AccessFile, ThatCannotBeReadWholeLetsNobodyIn)
 {

@@ -6,7 +6,6 @@
 
 #include "login/login_values.h"
 #include "login/options.h"
-#include "login/text.h"
 
 namespace {
 struct Case {
@@ -19,10 +18,8 @@ struct Case {
     const char* lastArgument;  // as it stands afterwards
 };
 const Case kCases[] = {
-    {"None", {}, false, OptionFault::none, false, false, nullptr, "login"},
     {"NameIsBlanked", {"-p", "secret"}, false, OptionFault::none, true, false, nullptr, "      "},
     {"Together", {"-fp", "root"}, false, OptionFault::none, true, true, nullptr, "    "},
-    {"Host", {"-h", "remote", "-p"}, true, OptionFault::none, true, false, "remote", "-p"},
     {"HostNotByAnOrdinaryUser", {"-h", "remote"}, false, OptionFault::superUserOnly, false, false, nullptr, "remote"},
     {"HostMissing", {"-h"}, true, OptionFault::usage, false, false, nullptr, "-h"},
     {"UnknownOption", {"-x"}, true, OptionFault::usage, false, false, nullptr, "-x"},
@@ -49,32 +46,6 @@ TEST_P(ParseOptions, ReadsThemAndHidesTheName)
 }
 INSTANTIATE_TEST_SUITE_P(Lines, ParseOptions, testing::ValuesIn(kCases), [](const auto& c) { return c.param.name; });
 
-struct DomainCase {
-    const char* name;
-    const char* host;
-    const char* domain;
-    const char* kept;
-};
-constexpr DomainCase kDomainCases[] = {
-    {"OwnDomain", "pc.lan.example", ".lan.example", "pc"},
-    {"CaseIgnored", "pc.LAN.Example", ".lan.example", "pc"},
-    {"DeeperName", "a.b.lan.example", ".lan.example", "a.b"},
-    {"OtherDomain", "pc.wan.example", ".lan.example", "pc.wan.example"},
-    {"OnlyInTheMiddle", "pc.lan.example.net", ".lan.example", "pc.lan.example.net"},
-    {"NoDotBeforeIt", "pclan.example", ".lan.example", "pclan.example"},
-    {"NothingWouldBeLeft", ".lan.example", ".lan.example", ".lan.example"},
-    {"Shorter", "pc", ".lan.example", "pc"},
-    {"NoDomainHere", "pc.lan.example", nullptr, "pc.lan.example"},
-};
-class CutDomain : public testing::TestWithParam<DomainCase> {};
-TEST_P(CutDomain, KeepsTheRest)
-{
-    std::string host = GetParam().host;
-    cut_domain(host.data(), GetParam().domain);
-    EXPECT_STREQ(host.c_str(), GetParam().kept);
-}
-INSTANTIATE_TEST_SUITE_P(Hosts, CutDomain, testing::ValuesIn(kDomainCases), [](const auto& c) { return c.param.name; });
-
 TEST(RemoteHost, IsKeptWithItsAddress)
 {
     const LocalHost local{"ap.lan.example", ".lan.example"};
@@ -86,16 +57,5 @@ TEST(RemoteHost, IsKeptWithItsAddress)
     set_remote_host("\x1b]0;x\a .lan.example", local);
     EXPECT_STREQ(hostname, "?]0;x? ") << "nothing in it may command a terminal";
     EXPECT_EQ(hostaddress[0], 0);
-}
-
-TEST(Xstrncpy, AlwaysEndsTheText)
-{
-    char field[4] = {'~', '~', '~', '~'};
-    xstrncpy(field, "ab", sizeof field);
-    EXPECT_EQ(std::string(field, sizeof field), std::string("ab\0\0", 4));
-    xstrncpy(field, "abcdef", sizeof field);
-    EXPECT_STREQ(field, "abc");
-    xstrncpy(field, "x", 1);
-    EXPECT_STREQ(field, "");
 }
 }  // namespace

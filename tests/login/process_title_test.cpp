@@ -40,46 +40,12 @@ protected:
     std::vector<char*> argv_, environment_;
 };
 
-TEST_F(ProcessTitle, TakesTheSpaceOfArgumentsAndEnvironment)
-{
-    lay_out({"login", "-p"}, {"TERM=vt100", "HOME=/root"});
-    initproctitle(2, argv_.data());
-    setproctitle("login", "root");
-
-    EXPECT_STREQ(argv_[0], "login -- root");
-    EXPECT_EQ(argv_[1], nullptr);
-    EXPECT_EQ(std::string(block_.data() + 13, size_ - 13), std::string(size_ - 13, '\0'));
-    EXPECT_STREQ(environ[0], "TERM=vt100") << "the environment has moved away";
-    EXPECT_STREQ(environ[1], "HOME=/root");
-    EXPECT_EQ(environ[2], nullptr);
-}
-
 TEST_F(ProcessTitle, IsCutToTheSpaceLessTwo)
 {
     lay_out({"login"}, {"A=b"});  // ten bytes
     initproctitle(1, argv_.data());
     setproctitle("login", "root");
     EXPECT_STREQ(argv_[0], "login --");
-}
-
-TEST_F(ProcessTitle, WithoutAnEnvironmentHasTheArgumentsOnly)
-{
-    lay_out({"login", "-p"}, {});
-    initproctitle(2, argv_.data());
-    setproctitle("login", "root");
-    EXPECT_STREQ(argv_[0], "login -");
-}
-
-TEST_F(ProcessTitle, LeavesAVariableSetLaterAlone)
-{
-    char elsewhere[] = "LATER=untouched";
-    lay_out({"login"}, {"A=b"});
-    environment_.insert(environment_.end() - 1, elsewhere);
-    environ = environment_.data();
-    initproctitle(1, argv_.data());
-    setproctitle("login", "root");
-    EXPECT_STREQ(elsewhere, "LATER=untouched");
-    EXPECT_STREQ(environ[1], "LATER=untouched");
 }
 
 TEST_F(ProcessTitle, TooLongTextChangesNothing)

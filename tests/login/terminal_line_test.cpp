@@ -12,25 +12,6 @@
 #include "login/terminal_line.h"
 
 namespace {
-struct Case {
-    const char* name;
-    const char* path;
-    const char* ttyName;
-    const char* ttyId;
-};
-constexpr Case kCases[] = {
-    {"Serial", "/dev/ttyS0", "ttyS0", "S0"},     {"Virtual", "/dev/tty1", "tty1", "1"},
-    {"Pty", "/dev/pts/12", "pts/12", "12"},      {"NoNumber", "/dev/console", "console", ""},
-    {"NoTerminal", "/dev/tty??", "tty??", "??"}, {"Elsewhere", "/srv/line7b", "/srv/line7b", "7b"},
-};
-class TerminalName : public testing::TestWithParam<Case> {};
-TEST_P(TerminalName, IsShortened)
-{
-    name_terminal(GetParam().path);
-    EXPECT_STREQ(ttyName, GetParam().ttyName);
-    EXPECT_STREQ(ttyId, GetParam().ttyId);
-}
-INSTANTIATE_TEST_SUITE_P(Paths, TerminalName, testing::ValuesIn(kCases), [](const auto& c) { return c.param.name; });
 
 TEST(GoodTerminal, IsACharacterDevice)
 {

@@ -19,24 +19,17 @@ struct Case {
 // clang-format off
 constexpr Case kCases[] = {
     {"Date",               CliParseDate, "12-31-99",   kOk, {0x12, 0x31, 0x99}},
-    {"DateOfSingleDigits", CliParseDate, "2-3-4",      kOk, {0x02, 0x03, 0x04}},
     {"LeapDayOf2000",      CliParseDate, "02-29-00",   kOk, {0x02, 0x29, 0x00}},
     {"LeapDayOf2004",      CliParseDate, "02-29-04",   kOk, {0x02, 0x29, 0x04}},
     {"NoLeapDay",          CliParseDate, "02-29-01",   kInvalidDate},
     {"ShortMonth",         CliParseDate, "04-31-20",   kInvalidDate},
-    {"MonthAbove",         CliParseDate, "13-01-20",   kInvalidDate},
     {"MonthZero",          CliParseDate, "00-01-20",   kInvalidDate},
     {"YearOfFourDigits",   CliParseDate, "01-01-2020", kInvalidDate},
-    {"YearMissing",        CliParseDate, "12-31",      kInvalidDate},
     {"DateWithTail",       CliParseDate, "12-31-99-",  kInvalidDate},
-    {"DateEmpty",          CliParseDate, "",           kInvalidDate},
-    {"Time",               CliParseTime, "23:59:58",   kOk, {0x23, 0x59, 0x58}},
     {"HoursOnly",          CliParseTime, "7",          kOk, {0x07, 0x00, 0x00}},
     {"ColonBehind",        CliParseTime, "12:30:",     kOk, {0x12, 0x30, 0x00}},
     {"HoursAbove",         CliParseTime, "24:00:00",   kInvalidTime},
-    {"SecondsAbove",       CliParseTime, "23:59:60",   kInvalidTime},
     {"FourFields",         CliParseTime, "1:2:3:4",    kInvalidTime},
-    {"TimeOfLetters",      CliParseTime, "noon",       kInvalidTime},
     {"TimeWithTail",       CliParseTime, "12:30pm",    kInvalidTime},
 };
 // clang-format on
@@ -55,12 +48,9 @@ INSTANTIATE_TEST_SUITE_P(Texts, DateTimeText, testing::ValuesIn(kCases), kCaseNa
 
 // clang-format off
 constexpr ParserCase kZones[] = {
-    {"West",            CliParseTimezone, "-12",        kOk, -720},
-    {"East",            CliParseTimezone, "+9",         kOk, 540},
     {"MinutesIgnored",  CliParseTimezone, "+5:30",      kOk, 300},
     {"RangeIgnored",    CliParseTimezone, "13",         kOk, 780},
     {"Letters",         CliParseTimezone, "abc",        kOk, 0},
-    {"Empty",           CliParseTimezone, "",           kOk, 0},
     {"SignAlone",       CliParseTimezone, "-",          kOk, 0},
     {"ProductWraps",    CliParseTimezone, "-71582789",  kOk, -44},
 };
@@ -68,20 +58,6 @@ constexpr ParserCase kZones[] = {
 class TimezoneParser : public ParserTest {};
 TEST_P(TimezoneParser, NeverRefuses) { appends_or_refuses(); }
 INSTANTIATE_TEST_SUITE_P(Texts, TimezoneParser, testing::ValuesIn(kZones), kCaseName);
-
-TEST(Maketm, BreaksDateAndTimeDown)
-{
-    std::tm made;
-    std::memset(&made, 0xff, sizeof made);
-    ASSERT_EQ(maketm("2024/2/29", "23:5:09", &made), 0);
-    EXPECT_EQ(made.tm_year, 124);
-    EXPECT_EQ(made.tm_mon, 1);
-    EXPECT_EQ(made.tm_mday, 29);
-    EXPECT_EQ(made.tm_hour, 23);
-    EXPECT_EQ(made.tm_min, 5);
-    EXPECT_EQ(made.tm_sec, 9);
-    EXPECT_EQ(made.tm_isdst + made.tm_wday + made.tm_yday, 0);
-}
 
 TEST(Maketm, LeavesTheTimeAloneWhenATextIsBad)
 {

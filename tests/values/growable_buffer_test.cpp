@@ -35,24 +35,6 @@ TEST_F(Growing, TakesItsOwnTextAsSource)
     EXPECT_EQ(text(), ended(std::string(10, 'x')));
 }
 
-TEST_F(Growing, PadsWithBlanks)
-{
-    str_CatX(&buffer, "name", 7);
-    str_CatX(&buffer, "longer", 3);
-    bin_Cat(&buffer, "\0|", 2);
-    EXPECT_EQ(text(), ended(std::string("name   longer\0|", 15)));
-    bin_Copy(&buffer, "b", 1);
-    EXPECT_EQ(text(), ended("b"));
-}
-
-TEST_F(Growing, StaysAsItWasWithoutMemory)
-{
-    str_Copy(&buffer, "kept");
-    EXPECT_NE(str_CatX(&buffer, "x", SIZE_MAX), 0);
-    EXPECT_EQ(alloc_mem(&buffer, SIZE_MAX), nullptr);
-    EXPECT_EQ(text(), ended("kept"));
-}
-
 TEST_F(Growing, IsEmptyAgainAfterItsStorageWent)
 {
     EXPECT_EQ(get_Buffer(&buffer), nullptr);

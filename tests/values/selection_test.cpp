@@ -5,32 +5,21 @@
 namespace {
 // clang-format off
 constexpr ParserCase kCases[] = {
-    {"UniquePrefix",         CliParseMACFilterMode,   "di",       kOk, 0},
     {"AmbiguousLetter",      CliParseMACFilterMode,   "d",        kMacFilterMode},
     {"EnoughForAnyEntry",    CliParseMACFilterMode,   "g",        kMacFilterMode},
     {"OtherCase",            CliParseMACFilterMode,   "DENY",     kOk, 2},
     {"LongerThanEntry",      CliParseMACFilterMode,   "disabled", kMacFilterMode},
-    {"LeadingBlanks",        CliParseMACFilterMode,   "  gr",     kOk, 1},
     {"OneLetterIsEnough",    CliParseOperationalMode, "w",        kOk, 2},
-    {"Empty",                CliParseOperationalMode, "",         kOperationalMode},
     {"BlanksOnly",           CliParseOperationalMode, "   ",      kOperationalMode},
     {"RadioTooShort",        CliParseRadioName,       "radio",    kRadioName},
-    {"RadioUnknown",         CliParseRadioName,       "radio7",   kRadioName},
     {"LanIsNoRadio",         CliParseRadioName,       "lan100",   kRadioName},
     {"RadioLast",            CliParseRadioOrLanName,  "Radio6",   kOk, 6},
-    {"Lan",                  CliParseRadioOrLanName,  "lan200",   kOk, 8},
     {"LanTooShort",          CliParseRadioOrLanName,  "lan2",     kRadioOrLanName},
 };
 // clang-format on
 class SelectionParser : public ParserTest {};
 TEST_P(SelectionParser, AppendsOrRefuses) { appends_or_refuses(); }
 INSTANTIATE_TEST_SUITE_P(Texts, SelectionParser, testing::ValuesIn(kCases), kCaseName);
-
-TEST(CliFindSelect, TellsTooShortFromUnknown)
-{
-    EXPECT_EQ(CliFindSelect("d", MACFilterMode), kSelectionTooShort);
-    EXPECT_EQ(CliFindSelect("xyz", MACFilterMode), kNoSelection);
-}
 
 TEST(CliLookupValue, TakesTheFirstKeyWithinTheCount)
 {

@@ -1,9 +1,7 @@
-// Clock and restart. Nothing here can touch the machine: the clock is only set in ways that are refused, and a restart
-// is only asked for inside a process namespace of its own, where it ends that namespace and nothing else.
+// A restart is only asked for inside a process namespace of its own, where it ends that namespace and nothing else.
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
-#include <ctime>
 #include <gtest/gtest.h>
 #include <sched.h>
 #include <sys/syscall.h>
@@ -37,33 +35,6 @@ template <class Body> int in_own_processes(Body body)
     int status = 0;
     waitpid(static_cast<pid_t>(child), &status, 0);
     return status;
-}
-
-TEST(Clock, IsTheMachines)
-{
-    EXPECT_NEAR(static_cast<double>(kLinuxDevice.read_clock()), static_cast<double>(std::time(nullptr)), 1.0);
-    double upTime = 0;
-    FILE* file = std::fopen("/proc/uptime", "re");
-    ASSERT_NE(file, nullptr);
-    EXPECT_EQ(std::fscanf(file, "%lf", &upTime), 1);
-    std::fclose(file);
-    EXPECT_NEAR(kLinuxDevice.read_up_time(), upTime, 2.0);
-}
-
-TEST(Clock, RefusalsAreTold)
-{
-    EXPECT_EQ(kLinuxDevice.set_clock(-1), EINVAL);
-    const pid_t child = fork();
-    if (child == 0) {
-        if (geteuid() == 0 && setresuid(65534, 65534, 65534) != 0) _exit(77);
-        if (may_do_anything()) _exit(77);
-        _exit(kLinuxDevice.set_clock(kLinuxDevice.read_clock()));
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    ASSERT_TRUE(WIFEXITED(status));
-    if (WEXITSTATUS(status) == 77) GTEST_SKIP() << "no way to give up all privileges on this machine";
-    EXPECT_EQ(WEXITSTATUS(status), EPERM);
 }
 
 TEST(Restart, HappensOrTellsTheRefusal)

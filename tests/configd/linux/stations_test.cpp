@@ -91,14 +91,6 @@ TEST(Stations, ThatNeverEndAreBounded)
     EXPECT_EQ(stations.size(), device::kMaxStations);
 }
 
-TEST(Stations, OfARefusalAreNone)
-{
-    AccessPoint accessPoint({"FAIL\n"});
-    std::vector<device::Station> stations(1);
-    EXPECT_EQ(device::read_stations(accessPoint.path(), stations), 0);
-    EXPECT_TRUE(stations.empty());
-}
-
 TEST(Stations, OfSilenceEndInTime)
 {
     AccessPoint accessPoint({});
