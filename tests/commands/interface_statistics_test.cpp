@@ -11,6 +11,7 @@
 #include "commands/handlers.h"
 #include "commands/interface_table.h"
 #include "commands/statistics_files.h"
+#include "support/own_network.h"
 #include "support/written.h"
 
 namespace {
@@ -95,6 +96,28 @@ TEST_F(InterfaceStatistics, ClearingShowsZerosUntilTheCountersMove)
     kernel("eth0:1001 11 1 2 0 0 0 0 2000 25 3 4\neth1: 0 49 0 0 0 0 0 0 0 60 0 0\n");
     const std::string wrapped = row("eth1", {0xFFFFFFFF, 0, 0, 0, 0, 0});  // reset behind our back
     EXPECT_EQ(show(), kHead + row("eth0", {1, 0, 0, 5, 0, 0}) + wrapped);
+}
+
+TEST_F(InterfaceStatistics, OfTheKernelMoveAndAreCleared)
+{
+    // Without IPv6 nothing is sent that the test does not send.
+    const char* const setup = "{ echo 1 > /proc/sys/net/ipv6/conf/all/disable_ipv6; } 2>/dev/null; "
+                              "ip addr add 192.168.1.1/24 dev eth0 && ip link set eth0 up && ip link set eth1 up && "
+                              "ip neigh add 192.168.1.9 lladdr 02:00:5e:00:00:09 dev eth0";
+    in_own_network(setup, [this] {
+        const StatisticsPaths device;
+        statisticsPaths.kernel = device.kernel;
+        EXPECT_EQ(show("eth0"), kHead + kEth0Zero);
+        const std::string three = "bash -c 'for i in 1 2 3; do echo x > /dev/udp/192.168.1.9/9; done'";
+        ASSERT_EQ(std::system(three.c_str()), 0);
+        EXPECT_EQ(show("eth0"), kHead + row("eth0", {0, 0, 0, 3, 0, 0}));
+        EXPECT_EQ(show("eth1"), kHead + row("eth1", {3, 0, 0, 0, 0, 0}));
+        clear("eth0");
+        EXPECT_EQ(show("eth0"), kHead + kEth0Zero);
+        ASSERT_EQ(std::system(three.c_str()), 0);
+        EXPECT_EQ(show("eth0"), kHead + row("eth0", {0, 0, 0, 3, 0, 0}));
+        EXPECT_EQ(show("eth1"), kHead + row("eth1", {6, 0, 0, 0, 0, 0}));
+    });
 }
 
 TEST_F(InterfaceStatistics, OfElevenInterfacesAtMost)
