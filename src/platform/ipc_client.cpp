@@ -8,6 +8,7 @@
 #include <iterator>
 #include <poll.h>
 #include <sys/socket.h>
+#include <sys/time.h>
 #include <sys/uio.h>
 #include <sys/un.h>
 #include <unistd.h>
@@ -20,7 +21,6 @@ int ipcTimeoutMilliseconds = IPC_TIMEOUT_SECONDS * 1000;
 
 namespace {
 constexpr std::size_t kKeptRoom = kRecordSize + 4096;  // most answers; more is given back with the response
-constexpr int kQueueRetryMilliseconds = 20;
 
 int connection = -1;     // stays open from one request to the next
 unsigned char* memory;   // the response: record and table
@@ -59,9 +59,9 @@ bool make_room(std::size_t bytes)
 }
 
 // False when the deadline passes first. True also when the other end is gone: the next call on the socket tells.
-bool wait_for(short events, const Deadline& deadline)
+bool wait_for_answer(const Deadline& deadline)
 {
-    pollfd line{.fd = connection, .events = events, .revents = 0};
+    pollfd line{.fd = connection, .events = POLLIN, .revents = 0};
     for (;;) {
         const int left = deadline.left();
         const int ready = poll(&line, 1, left);
@@ -70,12 +70,12 @@ bool wait_for(short events, const Deadline& deadline)
     }
 }
 
-// Between requests a healthy connection has nothing to read. Looked at before sending, so that a restarted service is
-// met on a fresh connection and no request that may have been carried out is ever sent twice.
-bool connection_is_idle()
+// The socket itself gives up in time, so that an exchange takes two system calls and no third one to wait.
+void limit_waiting()
 {
-    char byte;
-    return recv(connection, &byte, sizeof byte, MSG_PEEK | MSG_DONTWAIT) < 0 && errno == EAGAIN;
+    const timeval limit{.tv_sec = ipcTimeoutMilliseconds / 1000, .tv_usec = ipcTimeoutMilliseconds % 1000 * 1000};
+    setsockopt(connection, SOL_SOCKET, SO_RCVTIMEO, &limit, sizeof limit);
+    setsockopt(connection, SOL_SOCKET, SO_SNDTIMEO, &limit, sizeof limit);
 }
 
 std::uint32_t open_connection(const Deadline& deadline)
@@ -86,20 +86,20 @@ std::uint32_t open_connection(const Deadline& deadline)
     if (length >= sizeof address.sun_path) return IPC_NOT_RUNNING;
     std::memcpy(address.sun_path, kServiceSocket, length);
 
-    connection = socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
+    connection = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
     if (connection < 0) return IPC_NO_MEMORY;
+    limit_waiting();
 
     while (connect(connection, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0) {
-        if (errno == EINTR) continue;
         if (errno == EACCES || errno == EPERM) return IPC_NOT_ALLOWED;
-        if (errno != EAGAIN) return IPC_NOT_RUNNING;
-        // EAGAIN: the service does not take the connections that already wait, and nothing tells when it does.
+        // EAGAIN: the service did not take the connections that already wait.
+        if (errno != EAGAIN && errno != EINTR) return IPC_NOT_RUNNING;
         if (deadline.left() == 0) return IPC_NO_ANSWER;
-        poll(nullptr, 0, kQueueRetryMilliseconds);
     }
     return IPC_OK;
 }
 
+// IPC_NOT_RUNNING: the other end was gone before anything was sent.
 std::uint32_t send_request(const unsigned char* request, const Deadline& deadline)
 {
     constexpr std::size_t kOwn = record::attachedLength.at.offset;  // what is sent of the caller's record
@@ -117,24 +117,27 @@ std::uint32_t send_request(const unsigned char* request, const Deadline& deadlin
         const ssize_t count = sendmsg(connection, &message, MSG_NOSIGNAL);
         if (count >= 0)
             sent += static_cast<std::size_t>(count);
-        else if (errno == EAGAIN && !wait_for(POLLOUT, deadline))
-            return IPC_NO_ANSWER;
+        else if (errno == EPIPE || errno == ECONNRESET)
+            return sent == 0 ? IPC_NOT_RUNNING : IPC_BROKEN;
         else if (errno != EAGAIN && errno != EINTR)
             return IPC_BROKEN;
+        else if (deadline.left() == 0)
+            return IPC_NO_ANSWER;
     }
     return IPC_OK;
 }
 
-// Takes what arrives until `wanted` bytes are there; more than that too, when it came along.
+// Takes what arrives until `wanted` bytes are there; more than that too, when it came along. The first wait is the
+// socket's own; an answer that comes in pieces is watched, lest each piece begin the time anew.
 std::uint32_t receive(std::size_t wanted, const Deadline& deadline)
 {
     while (memoryUsed < wanted) {
-        if (!wait_for(POLLIN, deadline)) return IPC_NO_ANSWER;
         const ssize_t count = recv(connection, memory + memoryUsed, memoryRoom - memoryUsed, 0);
         if (count > 0)
             memoryUsed += static_cast<std::size_t>(count);
         else if (count == 0 || (errno != EAGAIN && errno != EINTR))
             return IPC_BROKEN;
+        if (memoryUsed < wanted && !wait_for_answer(deadline)) return IPC_NO_ANSWER;
     }
     return IPC_OK;
 }
@@ -152,14 +155,25 @@ std::uint32_t receive_answer(const Deadline& deadline)
     return memoryUsed == kRecordSize + table ? IPC_OK : IPC_BAD_ANSWER;
 }
 
+// A request that the kept connection could not take, because the service was restarted, goes over a fresh one. None
+// that may have been carried out is ever sent twice.
+std::uint32_t deliver(const unsigned char* request, const Deadline& deadline)
+{
+    if (connection >= 0) {
+        const std::uint32_t failed = send_request(request, deadline);
+        if (failed != IPC_NOT_RUNNING) return failed;
+        close_connection();
+    }
+    if (const std::uint32_t failed = open_connection(deadline)) return failed;
+    const std::uint32_t failed = send_request(request, deadline);
+    return failed == IPC_NOT_RUNNING ? std::uint32_t{IPC_BROKEN} : failed;
+}
+
 std::uint32_t exchange(const unsigned char* request)
 {
     const Deadline deadline(ipcTimeoutMilliseconds);
     if (!make_room(kKeptRoom)) return IPC_NO_MEMORY;
-    if (connection >= 0 && !connection_is_idle()) close_connection();
-    if (connection < 0)
-        if (const std::uint32_t failed = open_connection(deadline)) return failed;
-    if (const std::uint32_t failed = send_request(request, deadline)) return failed;
+    if (const std::uint32_t failed = deliver(request, deadline)) return failed;
     return receive_answer(deadline);
 }
 }  // namespace
