@@ -15,7 +15,7 @@
 
 namespace {
 constexpr int kCtrlC = 3;
-constexpr int kFarewell = 1000;  // milliseconds that a program has for its last words
+constexpr int kFarewell = 2000;  // milliseconds that a program has for its last words
 constexpr int kNotStarted = 127;
 
 // What the session ignores or handles, an ordinary program does not.
@@ -76,6 +76,7 @@ void watch(pid_t child, int ended)
         if (waits[0].revents && !take_key(stop)) break;
         if (stop) prn_msg(0, "^C\n");
     }
+    show_output();  // the key, before the program's last words
     kill(-child, SIGINT);
     if (!has_ended(ended, kFarewell)) kill(-child, SIGKILL);
 }

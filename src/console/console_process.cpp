@@ -142,6 +142,7 @@ bool serve_key(Session& slot)
     if (key == 0) return true;
     alarm(timeout);
 
+    const GatheredOutput gathered;
     if (key == key::kCtrlC) {
         prn_msg(slot.term, "^C");
         if (slot.state != kEnteringPassword && slot.state != kLoginNeeded) {

@@ -23,6 +23,11 @@ void set_keys(termios& attributes, const cc_t (&keys)[std::size(kSessionKeys)])
     for (std::size_t i = 0; i < std::size(kSessionKeys); ++i) attributes.c_cc[kSessionKeys[i]] = keys[i];
 }
 
+char inputBuffer[4096], outputBuffer[4096];  // a terminal line holds no more than the one; the other takes two screens
+int gathering;                               // GatheredOutputs that exist
+
+int flush() { return gathering ? 0 : std::fflush(stdout); }
+
 // A signal that was handled in the middle of a read is no end of the input.
 bool interrupted()
 {
@@ -102,6 +107,7 @@ int get_char(int)
         if (keysTaken) retake_keys();
         ttyRaw = 1;
     }
+    show_output();
     int c;
     do {
         errno = 0;
@@ -113,13 +119,13 @@ int get_char(int)
 int put_char(int, int c)
 {
     std::putchar(static_cast<unsigned char>(c));
-    return std::fflush(stdout);
+    return flush();
 }
 
 int prn_msg(int, const char* text)
 {
     const int written = std::printf("%s", text);
-    std::fflush(stdout);
+    flush();
     return written;
 }
 
@@ -129,8 +135,24 @@ int Printf(int, const char* format, ...)
     va_start(arguments, format);
     const int written = std::vprintf(format, arguments);
     va_end(arguments);
-    std::fflush(stdout);
+    flush();
     return written;
+}
+
+GatheredOutput::GatheredOutput() { ++gathering; }
+
+GatheredOutput::~GatheredOutput()
+{
+    --gathering;
+    flush();
+}
+
+void show_output() { std::fflush(stdout); }
+
+void buffer_terminal()
+{
+    std::setvbuf(stdin, inputBuffer, _IOFBF, sizeof inputBuffer);
+    std::setvbuf(stdout, outputBuffer, _IOFBF, sizeof outputBuffer);
 }
 
 char* strset(char* s, int c)

@@ -1,6 +1,6 @@
 // The one terminal: standard input and output, which the login front end has bound to the operator's line. Nothing is
-// interpreted: a caller that wants a new line on a raw terminal writes it. Every writer flushes at once. The terminal
-// number that they take first is accepted for uniformity and not looked at.
+// interpreted: a caller that wants a new line on a raw terminal writes it. Every writer flushes at once, unless the
+// text is being gathered. The terminal number that they take first is accepted for uniformity and not looked at.
 #pragma once
 
 #include <cstdio>
@@ -19,10 +19,27 @@ void take_keys(termios& attributes, unsigned char disabled);
 int echo_off(std::FILE* stream);      // clears ECHO
 int set_keypress(std::FILE* stream);  // clears ICANON; VMIN 1, VTIME 0
 
-int get_char(int term);  // a byte, 0 to 255, or EOF; enters raw key mode first when it is not on
+// A byte, 0 to 255, or EOF; enters raw key mode first when it is not on, and shows what was written so far.
+int get_char(int term);
 int put_char(int term, int c);
 int prn_msg(int term, const char* text);                                              // bytes written
 int Printf(int term, const char* format, ...) __attribute__((format(printf, 2, 3)));  // bytes written
+
+// While one exists the writers gather; its end shows the text, in one write where the buffer holds it. A slow line and
+// a slow processor then pay once for all that a key brings. Nothing that waits may leave gathered text behind:
+// show_output comes before it.
+class GatheredOutput {
+public:
+    GatheredOutput();
+    ~GatheredOutput();
+    GatheredOutput(const GatheredOutput&) = delete;
+    GatheredOutput& operator=(const GatheredOutput&) = delete;
+};
+void show_output();
+
+// Lets standard input and output use buffers of their own: keys are read in blocks, and a text that contains new lines
+// is still one write. Before anything is read or written.
+void buffer_terminal();
 
 char* strset(char* s, int c);
 char* strnset(char* s, int c, unsigned n);

@@ -16,6 +16,7 @@
 
 #include "console/console_process.h"
 #include "console/session.h"
+#include "console/terminal.h"
 #include "login/access.h"
 #include "login/accounting.h"
 #include "login/environment.h"
@@ -159,6 +160,7 @@ void run_front_end(int argc, char** argv)
 {
     prctl(PR_SET_DUMPABLE, 0);  // passwords are typed here: no core dump has them
     start_signals();
+    buffer_terminal();
     set_language();
     setpriority(PRIO_PROCESS, 0, 0);
     initproctitle(argc, argv);

@@ -23,6 +23,7 @@ std::uint32_t send(ComParam& request, std::uint16_t code)
 {
     record::kind.set(request, record::kRequest);
     record::code.set(request, code);
+    show_output();  // the answer may take its time
     const std::uint32_t failed = IPCServiceClient(&request, &sysComParam);
     if (!failed) std::memcpy(&request, sysComParam, sizeof request);
     return failed;
