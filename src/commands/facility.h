@@ -3,9 +3,6 @@
 
 #include <cstdint>
 
-// Numbers of the message catalog.
-inline constexpr std::uint32_t kUnknownFacility = 432, kFacilityAlreadyOn = 433, kFacilityAlreadyOff = 434;
-
 // The bit of a facility; 0 after saying that there is none of that name and which there are.
 std::uint32_t facility_parm(int term, const char* name);
 

@@ -3,35 +3,13 @@
 #include <cstdio>
 
 #include "commands/command.h"
-#include "console/messages.h"
-#include "prompts/dialogue.h"
+#include "commands/confirmation.h"
 #include "prompts/prompts.h"
-#include "prompts/validators.h"
 
 namespace {
-enum Stage : std::uint32_t { kOver = 0, kConfirm = 133 };
-
 constexpr int kSystemWillReboot = 41;  // in cliPrompt
 constexpr char kClearQuestion[] =
     "All configuration will be cleared and system will reset.\nDo you want to continue (y/n)?";
-
-enum class Confirmation { pending, no, yes };
-
-// Takes the answer to a question that has no default: asked again until it is yes or no.
-Confirmation confirmed(ActionBlock& call, int term)
-{
-    char* answer = answer_text(call);
-    if (*answer != 0) {
-        const std::uint32_t refusal = parse_yesno(answer, call.parms);
-        if (refusal == kOk) {
-            call.stage = kOver;
-            return call.parms.value[call.parms.count - 1] ? Confirmation::yes : Confirmation::no;
-        }
-        PrintMsg(term, refusal);
-    }
-    CliPromptLast();
-    return Confirmation::pending;
-}
 
 // The bare operation, nothing else in the record.
 Outcome request(std::uint16_t operation) { return read_record(operation); }
@@ -65,20 +43,10 @@ void CliSaveConfig(ActionBlock&, int)
 
 void CliClearConfig(ActionBlock& call, int term)
 {
-    if (call.stage == kOver) {
-        CliPromptX("%s", kClearQuestion);
-        call.stage = kConfirm;
-    } else if (confirmed(call, term) == Confirmation::yes) {
-        clear_and_restart();
-    }
+    if (confirm(call, term, kClearQuestion) == Confirmation::yes) clear_and_restart();
 }
 
 void CliRestSystem(ActionBlock& call, int term)
 {
-    if (call.stage == kOver) {
-        CliPromptX("%s", cliPrompt[kSystemWillReboot]);
-        call.stage = kConfirm;
-    } else if (confirmed(call, term) == Confirmation::yes) {
-        restart();
-    }
+    if (confirm(call, term, cliPrompt[kSystemWillReboot]) == Confirmation::yes) restart();
 }

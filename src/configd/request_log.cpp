@@ -9,7 +9,6 @@
 #include "configd/system_log.h"
 #include "platform/log_messages.h"
 #include "service/codes.h"
-#include "service/fields/bridge.h"
 
 namespace {
 struct Subject {

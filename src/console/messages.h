@@ -8,6 +8,7 @@
 
 enum Message : std::uint32_t {
     kOk = 0,
+    kEntryExists = 6,
     kNameNotFound = 17,
     kNameInUse = 18,
     kInvalidInterface = 19,
@@ -22,6 +23,9 @@ enum Message : std::uint32_t {
     kResetting = 117,
     kRevertingToFactory = 118,
     kStatisticsCleared = 119,
+    kPortInUse = 125,
+    kHttpPortChanged = 149,
+    kTelnetPortChanged = 150,
     kNatEnabled = 155,
     kNatDisabled = 156,
     kRedirectionAdded = 157,
@@ -67,6 +71,8 @@ enum Message : std::uint32_t {
     kPasswordLength = 256,
     kInvalidTime = 268,
     kSessionTimeoutRange = 269,
+    kRemoteClientCount = 274,
+    kRemoteClientAddress = 275,
     kYesOrNo = 276,
     kNatProtocolRule = 297,
     kFilterProtocolRule = 298,
@@ -93,6 +99,7 @@ enum Message : std::uint32_t {
     kInvalidNatAddress = 335,
     kInvalidPrivatePort = 337,
     kInvalidPortRange = 340,
+    kUserNameEmpty = 342,
     kRadiusPortRange = 359,
     kRadiusRetryRange = 361,
     kRegulatoryDomain = 362,
@@ -122,12 +129,17 @@ enum Message : std::uint32_t {
     kUpperPoolBelowLower = 386,
     kAddressIsZero = 387,
     kAddressIsAllOnes = 388,
+    kAddressIsMulticast = 389,
     kNotInGatewaySubnet = 390,
     kDhcpPoolTooWide = 393,  // takes the limit
     kRadioName = 417,
     kRadioOrLanName = 418,
     kTimeServerName = 430,
     kRequestIntervalRange = 431,
+    kUnknownFacility = 432,
+    kFacilityAlreadyOn = 433,
+    kFacilityAlreadyOff = 434,
+    kHostNameEmpty = 435,
     kHostnameLength = 436,  // takes the limit
 };
 inline constexpr std::size_t kMessages = 437;

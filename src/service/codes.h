@@ -18,6 +18,7 @@ inline constexpr std::uint16_t
     kReadLeases           =  220,
     kReadWirelessClients  =  230,
     kReadBridgeTable      =  240,
+    kWriteBridge          =  241,
     kChangePassword       =  301,
     kReadManagement       =  310,
     kWriteManagement      =  311,

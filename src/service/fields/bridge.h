@@ -4,10 +4,6 @@
 
 #include "service/record.h"
 
-namespace code {
-inline constexpr std::uint16_t kWriteBridge = 241;
-}
-
 namespace bridge_record {
 inline constexpr TextField name{12, 16};
 inline constexpr Field<std::uint8_t> stp{28};  // 1: enabled
