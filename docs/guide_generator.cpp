@@ -115,15 +115,49 @@ std::string question_row(const std::string& line, const std::string& where)
            with_facts(trimmed(parts[2]), where) + " |\n";
 }
 
+// Lines of running text; the others stand as they are.
+bool is_prose(const std::string& line)
+{
+    return !line.empty() && line.find_first_of("|#-? ") != 0 && !line.ends_with("  ");
+}
+
+// A paragraph in lines of a page's width. A word that would begin a list there stays on its line.
+std::string wrapped(const std::string& paragraph)
+{
+    constexpr std::size_t kWidth = 120;
+    std::string out, line;
+    for (const std::string& word : split(paragraph, " ")) {
+        const bool isMark = word == "-" || word == "*" || word == "+" || (word.ends_with(".") && to_number(word) != 0);
+        if (!line.empty() && line.size() + 1 + word.size() > kWidth && !isMark) {
+            out += line + "\n";
+            line.clear();
+        }
+        line += (line.empty() ? "" : " ") + word;
+    }
+    return out + line + "\n";
+}
+
 void write_lines(const Passage& passage, Guide& guide)
 {
     bool inTable = false;
+    std::string paragraph;
+    const auto end_paragraph = [&] {
+        if (!paragraph.empty()) guide.text += wrapped(with_facts(paragraph, passage.where));
+        paragraph.clear();
+    };
     for (const std::string& line : passage.lines) {
         const bool isQuestion = line.starts_with("? ");
+        if (is_prose(line)) {
+            paragraph += (paragraph.empty() ? "" : " ") + line;
+            inTable = false;
+            continue;
+        }
+        end_paragraph();
         if (isQuestion && !inTable) guide.text += "| Question | Shows | Takes |\n|---|---|---|\n";
         inTable = isQuestion;
         guide.text += isQuestion ? question_row(line, passage.where) : with_facts(line, passage.where) + "\n";
     }
+    end_paragraph();
 }
 
 // The prose of a passage, without the empty lines round it.
