@@ -234,13 +234,14 @@ std::vector<unsigned> parameter_numbers()
 
 std::string parameter_help(unsigned type) { return CliLookupParmDescription(type); }
 
-std::string parameter_refusal(unsigned type, const std::string& text)
+unsigned parameter_refusal(unsigned type, const std::string& text, std::string& refusal)
 {
     char typed[128] = "";
     text.copy(typed, sizeof typed - 1);
     ParmList words{};
-    const std::uint32_t refusal = CliGetParserFunc(type)(typed, words);
-    return refusal == kOk ? "" : GetMsgText(refusal);
+    const std::uint32_t number = CliGetParserFunc(type)(typed, words);
+    if (number != kOk) refusal = GetMsgText(number);
+    return number;
 }
 
 std::string question(const std::string& table, unsigned index)
@@ -259,13 +260,10 @@ std::string service_text(std::uint32_t status, std::uint32_t group)
     return text;
 }
 
-std::string message_table(const std::vector<std::string>& meanings)
+std::string message_row(unsigned number)
 {
-    std::string table = "| Number | Severity | Text | What it means |\n|---|---|---|---|\n";
-    for (unsigned i = 0; i < kMessages; ++i)
-        table += "| " + std::to_string(i) + " | " + severity_of(errMsg[i]) + " | " + quoted(cell(errMsg[i].text)) +
-                 " | " + (i < meanings.size() ? cell(meanings[i]) : "") + " |\n";
-    return table;
+    return "| " + std::to_string(number) + " | " + severity_of(errMsg[number]) + " | " + quoted(cell(message(number))) +
+           " |";
 }
 
 std::string service_text_table()

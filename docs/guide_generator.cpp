@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <map>
 
 #include "guide_facts.h"
 #include "guide_source.h"
@@ -62,6 +63,9 @@ struct Guide {
     std::string contents, text;
     std::vector<std::string> headings;  // of commands; links go by them
     std::vector<std::string> index;     // a row of the index for each spelling
+
+    std::string here;                          // a link to the heading under way
+    std::map<unsigned, std::string> mentions;  // of messages: links to where they are told of
 };
 
 unsigned to_number(const std::string& word) { return static_cast<unsigned>(std::strtoul(word.c_str(), nullptr, 10)); }
@@ -78,12 +82,26 @@ std::string anchor_of(const std::string& heading)
     return anchor;
 }
 
+void mention(unsigned number, Guide& guide)
+{
+    std::string& links = guide.mentions[number];
+    if (links.find(guide.here) == links.npos) links += (links.empty() ? "" : ", ") + guide.here;
+}
+
+std::string link_to(const std::string& heading, const std::string& quote = "")
+{
+    return "[" + quote + heading + quote + "](#" + anchor_of(heading) + ")";
+}
+
 // {message N}, {service STATUS GROUP}, {facilities}, {zones}: what the tables say, in the middle of a line.
-std::string fact(const std::string& name, const std::string& where)
+std::string fact(const std::string& name, const std::string& where, Guide& guide)
 {
     const std::vector<std::string> words = split(name, " ");
     std::string text;
-    if (words[0] == "message" && words.size() == 2) text = message(to_number(words[1]));
+    if (words[0] == "message" && words.size() == 2) {
+        text = message(to_number(words[1]));
+        mention(to_number(words[1]), guide);
+    }
     if (words[0] == "service" && words.size() == 3) text = service_text(to_number(words[1]), to_number(words[2]));
     if (!text.empty()) return "`" + text + "`";
     if (name == "facilities") return facility_list();
@@ -91,28 +109,28 @@ std::string fact(const std::string& name, const std::string& where)
     fail(where, "no fact \"" + name + "\"");
 }
 
-std::string with_facts(const std::string& line, const std::string& where)
+std::string with_facts(const std::string& line, const std::string& where, Guide& guide)
 {
     std::string out;
     std::size_t begin = 0;
     for (std::size_t open; (open = line.find("{", begin)) != line.npos;) {
         const std::size_t close = line.find('}', open);
         if (close == line.npos) fail(where, "a brace without its other: " + line);
-        out += line.substr(begin, open - begin) + fact(line.substr(open + 1, close - open - 1), where);
+        out += line.substr(begin, open - begin) + fact(line.substr(open + 1, close - open - 1), where, guide);
         begin = close + 1;
     }
     return out + line.substr(begin);
 }
 
 // "? TABLE INDEX | what it shows | what it takes"
-std::string question_row(const std::string& line, const std::string& where)
+std::string question_row(const std::string& line, const std::string& where, Guide& guide)
 {
     const std::vector<std::string> parts = split(line.substr(2), " |");
     const std::vector<std::string> place = split(parts[0], " ");
     const std::string text = place.size() == 2 ? question(place[0], to_number(place[1])) : "";
     if (text.empty() || parts.size() != 3) fail(where, "no question: " + line);
-    return "| `" + trimmed(text) + "` | " + with_facts(trimmed(parts[1]), where) + " | " +
-           with_facts(trimmed(parts[2]), where) + " |\n";
+    return "| `" + trimmed(text) + "` | " + with_facts(trimmed(parts[1]), where, guide) + " | " +
+           with_facts(trimmed(parts[2]), where, guide) + " |\n";
 }
 
 // Lines of running text; the others stand as they are.
@@ -142,7 +160,7 @@ void write_lines(const Passage& passage, Guide& guide)
     bool inTable = false;
     std::string paragraph;
     const auto end_paragraph = [&] {
-        if (!paragraph.empty()) guide.text += wrapped(with_facts(paragraph, passage.where));
+        if (!paragraph.empty()) guide.text += wrapped(with_facts(paragraph, passage.where, guide));
         paragraph.clear();
     };
     for (const std::string& line : passage.lines) {
@@ -155,7 +173,8 @@ void write_lines(const Passage& passage, Guide& guide)
         end_paragraph();
         if (isQuestion && !inTable) guide.text += "| Question | Shows | Takes |\n|---|---|---|\n";
         inTable = isQuestion;
-        guide.text += isQuestion ? question_row(line, passage.where) : with_facts(line, passage.where) + "\n";
+        guide.text +=
+            isQuestion ? question_row(line, passage.where, guide) : with_facts(line, passage.where, guide) + "\n";
     }
     end_paragraph();
 }
@@ -186,6 +205,7 @@ void write_commands(const Passage& passage, Guide& guide)
     if (std::ranges::find(guide.headings, heading) != guide.headings.end())
         fail(passage.where, "a second passage about " + heading);
     guide.headings.push_back(heading);
+    guide.here = link_to(heading);
     for (const unsigned number : passage.numbers) {
         if (why_not_carried_out(number) != refusal)
             fail(passage.where, "some of these are carried out and some are not");
@@ -201,14 +221,15 @@ void write_commands(const Passage& passage, Guide& guide)
 }
 
 // "takes: a, b" and "refuses: c": asked of the parser itself.
-std::string examples(const std::string& line, unsigned type, const std::string& where)
+std::string examples(const std::string& line, unsigned type, const std::string& where, Guide& guide)
 {
     const bool takes = line.starts_with("takes: ");
     std::string out = takes ? "Accepted: " : "Refused: ", refusal;
     const std::vector<std::string> texts = split(line.substr(line.find(' ') + 1), ", ");
     for (const std::string& text : texts) {
-        refusal = parameter_refusal(type, text);
-        if (refusal.empty() != takes) fail(where, "the parser thinks otherwise of " + text);
+        const unsigned number = parameter_refusal(type, text, refusal);
+        if ((number == 0) != takes) fail(where, "the parser thinks otherwise of " + text);
+        if (number != 0) mention(number, guide);
         out += "`" + text + "`" + (&text == &texts.back() ? "" : ", ");
     }
     return out + (takes ? "." : ", with `" + refusal + "`.");
@@ -217,19 +238,40 @@ std::string examples(const std::string& line, unsigned type, const std::string& 
 void write_parameter(Passage passage, Guide& guide)
 {
     guide.parameters.take(passage.numbers[0], passage.where);
-    guide.text += "### `" + parameter_help(passage.numbers[0]) + "`\n\n";
+    const std::string help = parameter_help(passage.numbers[0]);
+    guide.here = link_to(help, "`");
+    guide.text += "### `" + help + "`\n\n";
     for (std::string& line : passage.lines)
         if (line.starts_with("takes: ") || line.starts_with("refuses: "))
-            line = examples(line, passage.numbers[0], passage.where) + "  ";
+            line = examples(line, passage.numbers[0], passage.where, guide) + "  ";
     write_prose(passage, guide);
+}
+
+// Those that are told of somewhere, and those that only keep their number.
+void write_messages(const std::map<unsigned, std::string>& meanings, Guide& guide)
+{
+    std::string others;
+    guide.text += "| Number | Severity | Text | What it means | See |\n|---|---|---|---|---|\n";
+    for (unsigned number = 0; !message(number).empty(); ++number) {
+        const bool isTold = guide.mentions.contains(number) || meanings.contains(number);
+        const std::string meaning = isTold && meanings.contains(number) ? trimmed(meanings.at(number)) : "";
+        if (isTold)
+            guide.text += message_row(number) + " " + meaning + " | " + guide.mentions[number] + " |\n";
+        else
+            others += message_row(number) + "\n";
+    }
+    guide.text += "\n### Messages that no command of this device shows\n\nThey keep their numbers.\n\n"
+                  "| Number | Severity | Text |\n|---|---|---|\n" +
+                  others + "\n### What the service refuses\n\n" + service_text_table();
 }
 
 void write_chapter(const ChapterFile& file, const std::string& folder, Guide& guide)
 {
     const Chapter chapter = read_chapter(folder + "/" + file.name + ".md");
-    guide.contents += "- [" + chapter.title + "](#" + anchor_of(chapter.title) + ")\n";
+    guide.here = link_to(chapter.title);
+    guide.contents += "- " + guide.here + "\n";
     guide.text += "## " + chapter.title + "\n\n";
-    std::vector<std::string> meanings;
+    std::map<unsigned, std::string> meanings;
     for (const Passage& passage : chapter.passages) {
         if (!passage.numbers.empty() && file.numbers == ChapterFile::kNone) fail(passage.where, "no numbers here");
         if (passage.numbers.empty())
@@ -240,10 +282,8 @@ void write_chapter(const ChapterFile& file, const std::string& folder, Guide& gu
             write_parameter(passage, guide);
         for (const unsigned number : passage.numbers) {
             if (file.numbers != ChapterFile::kMessages) break;
-            if (message(number).empty()) fail(passage.where, "no such message");
-            meanings.resize(std::max<std::size_t>(meanings.size(), number + 1));
-            for (const std::string& line : passage.lines) meanings[number] += (line.empty() ? "" : " ") + line;
-            meanings[number] = trimmed(meanings[number]);
+            if (message(number).empty() || meanings.contains(number)) fail(passage.where, "no such message, or twice");
+            for (const std::string& line : passage.lines) meanings[number] += line + " ";
         }
     }
     if (!std::strcmp(file.name, "index")) {
@@ -252,8 +292,7 @@ void write_chapter(const ChapterFile& file, const std::string& folder, Guide& gu
         for (const std::string& row : guide.index) guide.text += row;
     }
     if (!std::strcmp(file.name, "settings")) guide.text += settings_table();
-    if (file.numbers == ChapterFile::kMessages)
-        guide.text += message_table(meanings) + "\n### What the service refuses\n\n" + service_text_table();
+    if (file.numbers == ChapterFile::kMessages) write_messages(meanings, guide);
     guide.text += guide.text.ends_with("\n\n") ? "" : "\n";
 }
 
