@@ -135,6 +135,8 @@ void console_process()
 bool serve_key(Session& slot)
 {
     if (slot.state == kEnding || !slot.edit) return false;  // without its edit context a session can edit nothing
+
+    const GatheredOutput gathered;
     if (slot.state == kLoginNeeded) invoke_login(slot, 0);
 
     int key = get_char(slot.term);
@@ -142,7 +144,6 @@ bool serve_key(Session& slot)
     if (key == 0) return true;
     alarm(timeout);
 
-    const GatheredOutput gathered;
     if (key == key::kCtrlC) {
         prn_msg(slot.term, "^C");
         if (slot.state != kEnteringPassword && slot.state != kLoginNeeded) {

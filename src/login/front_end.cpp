@@ -1,12 +1,10 @@
 #include "login/front_end.h"
 
-#include <clocale>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
 #include <grp.h>
-#include <libintl.h>
 #include <pwd.h>
 #include <string_view>
 #include <sys/prctl.h>
@@ -40,13 +38,6 @@ void start_signals()
     install_timeout_handler();
     std::signal(SIGQUIT, SIG_IGN);
     std::signal(SIGINT, SIG_IGN);
-}
-
-void set_language()
-{
-    setlocale(LC_ALL, "");
-    bindtextdomain("login", "/usr/share/locale");
-    textdomain("login");
 }
 
 [[noreturn]] void refuse(const char* text)
@@ -159,9 +150,9 @@ void go_home()
 void run_front_end(int argc, char** argv)
 {
     prctl(PR_SET_DUMPABLE, 0);  // passwords are typed here: no core dump has them
+    // No locale is set: the console has one language, and the environment may be a remote peer's.
     start_signals();
     buffer_terminal();
-    set_language();
     setpriority(PRIO_PROCESS, 0, 0);
     initproctitle(argc, argv);
     const Options options = read_options(argc, argv);
