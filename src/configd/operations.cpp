@@ -157,10 +157,10 @@ ServiceStatus delete_from_list(Call& call)
     return call.service.store.change(std::move(next));
 }
 
-void answer_request(Service& service, const ComParam& request, Answer& answer)
+void answer_request(Service& service, const ComParam& request, Answer& answer, const Asker& asker)
 {
     answer = {};
-    RequestLog log(service, request);
+    RequestLog log(service, request, asker);
     const ServiceStatus status = carry_out(service, request, answer);
     log.done(status);
     if (status != kStatusOk) answer = {.delay = answer.delay};

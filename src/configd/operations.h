@@ -7,6 +7,7 @@
 #include <span>
 
 #include "configd/answer.h"
+#include "configd/asker.h"
 #include "configd/service.h"
 #include "configd/settings.h"
 
@@ -49,5 +50,5 @@ ServiceStatus write_rows(Call& call, const Section& section, std::span<const Set
 std::span<const Area* const> areas();
 Model model_of(std::span<const Area* const> areas);
 
-// Carries the request out and completes the answer.
-void answer_request(Service& service, const ComParam& request, Answer& answer);
+// Carries the request out and completes the answer. The log names the asker.
+void answer_request(Service& service, const ComParam& request, Answer& answer, const Asker& asker = {});

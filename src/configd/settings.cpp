@@ -43,6 +43,11 @@ bool takes(const Setting& row, const unsigned char* value)
     return true;
 }
 
+bool same_value(const Setting& row, const unsigned char* a, const unsigned char* b)
+{
+    return is_text(row) ? get_text(row, a) == get_text(row, b) : std::memcmp(a, b, row.at.width) == 0;
+}
+
 std::int64_t get_number(const Setting& row, const unsigned char* value)
 {
     switch (row.at.width) {

@@ -126,6 +126,7 @@ bool takes_number(const Setting& row, std::int64_t value);
 
 // In the functions below `value` is where the field itself begins.
 bool takes(const Setting& row, const unsigned char* value);
+bool same_value(const Setting& row, const unsigned char* a, const unsigned char* b);
 std::int64_t get_number(const Setting& row, const unsigned char* value);
 void set_number(const Setting& row, unsigned char* value, std::int64_t number);
 // The text up to its NUL; never more than the width.

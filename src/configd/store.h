@@ -4,6 +4,7 @@
 // name of the same file. Nothing saved: factory.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "configd/configuration.h"
@@ -23,6 +24,13 @@ public:
     void start();
 
     const Configuration& running() const { return running_; }
+
+    // From here on `before` tells of changes.
+    void begin_request() { before_.reset(); }
+    // What was running when the request began; nullptr: it still is.
+    const Configuration* before() const { return before_ ? &*before_ : nullptr; }
+
+    const Model& model() const { return model_; }
 
     // What the operator is to know about files that were set aside, a line without its end; empty: nothing. It lasts,
     // across restarts too, until the configuration is saved or cleared.
@@ -61,6 +69,7 @@ private:
     void read_notice();
     void give_notice(const char* inForce);
     void drop_notice();
+    void put_in_force(Configuration next);
 
     const Model& model_;
     Storage storage_;
@@ -71,4 +80,5 @@ private:
     std::string rejections_;  // of files that were set aside just now: what the next notice begins with
     std::string notice_;
     Configuration running_;
+    std::optional<Configuration> before_{};
 };
