@@ -136,7 +136,7 @@ std::string outcome_of(ServiceStatus status)
 RequestLog::RequestLog(Service& service, const ComParam& request, const Asker& asker)
     : service_(service), code_(record::code.get(request))
 {
-    service.store.begin_request();
+    service.store.begin_request(asker.connection);
     system_log().follow(log_rules(service));
     system_log().attribute_lines_to(subject_of(code_).facility, asker.name);
 }

@@ -216,7 +216,7 @@ void Server::accept_waiting()
         close(socket);
         return;
     }
-    clients_.push_back({.socket = socket, .asker = {name_of(peer)}, .since = Clock::now()});
+    clients_.push_back({.socket = socket, .asker = {++connections_, name_of(peer)}, .since = Clock::now()});
 }
 
 // A client that has asked nothing for long is sent away for a new one: it connects again when it has a question. Where

@@ -71,6 +71,7 @@ private:
     int watched_ = -1;
     std::function<void()> ready_;
     std::vector<Client> clients_;
+    std::uint64_t connections_ = 0;    // so far
     Clock::time_point acceptAgain_{};  // the system had no room for another client until then
 };
 

@@ -105,11 +105,13 @@ void set_factory(const Section& section, Bytes& image)
     for (const Setting& row : section.settings) set_factory(row, image.data() + row.at.offset);
 }
 
-ServiceStatus take_values(const Section& section, std::span<const Setting> rows, const ComParam& record, Bytes& image)
+ServiceStatus take_values(const Section& section, std::span<const Setting> rows, const ComParam& record, Bytes& image,
+                          const std::optional<Bytes>& known)
 {
     Bytes next = image;
     for (const Setting& row : rows) {
         const unsigned char* value = record.bytes + row.at.offset;
+        if (known && !row.alwaysMeant && same_value(row, value, known->data() + row.at.offset)) continue;
         if (row.emptyKeeps && is_text(row) && *value == 0) continue;
         if (!takes(row, value)) return kStatusValueRefused;
         copy_value(row, value, next.data() + row.at.offset);

@@ -5,11 +5,13 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string_view>
 #include <type_traits>
 #include <vector>
 
+#include "service/fields/origin.h"
 #include "service/record.h"
 #include "service/status.h"
 
@@ -29,6 +31,7 @@ struct Setting {
     std::int64_t min = 0, max = 0;  // a number's range, a text's length
     bool isSigned = false;
     bool emptyKeeps = false;               // an empty text in a write leaves the setting as it is
+    bool alwaysMeant = false;              // a write sets it even to what its sender knew it to be
     std::span<const Choice> choices = {};  // of a choice
     bool (*takesText)(const char*) = nullptr;
     bool (*takesNumber)(std::int64_t) = nullptr;
@@ -89,6 +92,13 @@ template <class T>
 constexpr Setting choice(const char* key, T field, std::span<const Choice> choices, std::uint32_t factory)
 {
     return {.key = key, .kind = Kind::kChoice, .at = field.at, .choices = choices, .factoryNumber = factory};
+}
+
+// A setting that no record shows, or that is written in a record that was not read for it.
+constexpr Setting meant(Setting setting)
+{
+    setting.alwaysMeant = true;
+    return setting;
 }
 
 // Host order in the record, a dotted quad in the file.
@@ -180,8 +190,10 @@ struct Model {
 void set_factory(const Section& section, Bytes& image);
 
 // Copies the values of `rows` (the section's, or some of them) from the record to the image when it takes them all;
-// else the image stays as it was.
-ServiceStatus take_values(const Section& section, std::span<const Setting> rows, const ComParam& record, Bytes& image);
+// else the image stays as it was. `known` is the image as the record's sender knows it, if anybody can tell: what the
+// record shows as it is there its sender has not changed, and the image keeps what it has by now.
+ServiceStatus take_values(const Section& section, std::span<const Setting> rows, const ComParam& record, Bytes& image,
+                          const std::optional<Bytes>& known = {});
 
 // Copies the section's values to the record.
 void give_values(const Section& section, const Bytes& image, ComParam& record);
@@ -215,6 +227,7 @@ consteval Section section(const char* key, const char* name, const std::array<Se
 {
     for (std::size_t i = 0; i < N; i++) {
         if (!factory_is_taken(rows[i]) || !width_is_known(rows[i])) setting_is_not_sound();
+        if (overlap(rows[i].at, origin_record::place)) setting_is_not_sound();
         for (std::size_t j = 0; j < i; j++) {
             if (overlap(rows[i].at, rows[j].at)) setting_is_not_sound();
             if (std::string_view(rows[i].key) == rows[j].key) setting_is_not_sound();

@@ -114,8 +114,20 @@ ServiceStatus Store::change(Configuration next)
 
 void Store::put_in_force(Configuration next)
 {
+    revisions_.note(model_, running_, next, connection_);
     if (!before_) before_ = std::move(running_);
     running_ = std::move(next);
+}
+
+void Store::begin_request(std::uint64_t connection)
+{
+    before_.reset();
+    connection_ = connection;
+}
+
+std::optional<Bytes> Store::values_known(const Section& section, std::uint32_t revision, std::uint64_t connection) const
+{
+    return revisions_.values_known(section, revision, connection, running_);
 }
 
 ServiceStatus Store::save()

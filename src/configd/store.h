@@ -8,6 +8,7 @@
 #include <string>
 
 #include "configd/configuration.h"
+#include "configd/revisions.h"
 #include "configd/storage.h"
 
 struct Folders {
@@ -25,10 +26,14 @@ public:
 
     const Configuration& running() const { return running_; }
 
-    // From here on `before` tells of changes.
-    void begin_request() { before_.reset(); }
+    // The changes that follow are that connection's.
+    void begin_request(std::uint64_t connection);
     // What was running when the request began; nullptr: it still is.
     const Configuration* before() const { return before_ ? &*before_ : nullptr; }
+
+    std::uint32_t revision() const { return revisions_.current(); }
+    // See Revisions.
+    std::optional<Bytes> values_known(const Section& section, std::uint32_t revision, std::uint64_t connection) const;
 
     const Model& model() const { return model_; }
 
@@ -81,4 +86,6 @@ private:
     std::string notice_;
     Configuration running_;
     std::optional<Configuration> before_{};
+    std::uint64_t connection_ = 0;  // whose request is carried out
+    Revisions revisions_{};
 };

@@ -103,7 +103,7 @@ protected:
 
 TEST_F(Changes, AreLoggedWithWhoAskedAndWhatItWasBefore)
 {
-    asker = {"root on pts/3"};
+    asker = {1, "root on pts/3"};
     for (const Case& each : kCases) {
         ComParam made = each.read ? to_write(each.read, each.write) : request(each.write);
         each.change(made);
