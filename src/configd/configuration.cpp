@@ -38,11 +38,6 @@ void delete_if_empty(json_t* object, const char* key)
     if (json_is_object(value) && json_object_size(value) == 0) json_object_del(object, key);
 }
 
-std::string place_of(const Section& section)
-{
-    return *section.name ? std::string(section.key) + "." + section.name : section.key;
-}
-
 bool refuse(std::string& why, std::string reason)
 {
     why = std::move(reason);
@@ -196,6 +191,11 @@ bool Configuration::parse(std::string_view text, std::string& why)
     if (json_object_size(root.get()) > 0) read.extra_ = root;
     *this = std::move(read);
     return true;
+}
+
+std::string place_of(const Section& section)
+{
+    return *section.name ? std::string(section.key) + "." + section.name : section.key;
 }
 
 std::size_t find_entry(const List& list, const std::vector<Entry>& entries, std::uint8_t identity, const Bytes& bytes)

@@ -39,6 +39,9 @@ private:
     Json extra_;
 };
 
+// As the stored file calls it: "system", "addresses.lan".
+std::string place_of(const Section& section);
+
 // The entry whose columns of that identity equal those of `bytes`; its index, or entries.size().
 std::size_t find_entry(const List& list, const std::vector<Entry>& entries, std::uint8_t identity, const Bytes& bytes);
 

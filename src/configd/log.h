@@ -1,4 +1,5 @@
-// What the service reports: syslog(3), or the error stream for one who watches. A secret never goes here.
+// What the service reports: syslog(3), or the error stream for one who watches. Each line goes to the system log too,
+// and while a request is carried out it begins with who asked. A secret never goes here.
 #pragma once
 
 #include <syslog.h>

@@ -137,7 +137,9 @@ int serve(Service& service, const std::string& socketPath, int signals)
     const int changes = device::watch_interfaces();  // open until the process ends
     restore_routes(service);
 
-    Server server([&service](const ComParam& request, Answer& answer) { answer_request(service, request, answer); });
+    Server server([&service](const ComParam& request, Answer& answer, const Asker& asker) {
+        answer_request(service, request, answer, asker);
+    });
     if (const int error = server.listen(socketPath)) return fail(socketPath, error);
     server.watch(changes, [&service, changes] {
         device::drain_changes(changes);

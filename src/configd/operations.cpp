@@ -46,14 +46,14 @@ const Operation* operation_of(std::uint32_t code)
     return nullptr;
 }
 
-ServiceStatus carry_out(Service& service, const ComParam& request, Answer& answer)
+ServiceStatus carry_out(Service& service, const ComParam& request, Answer& answer, const Asker& asker)
 {
     if (record::kind.get(request) != record::kRequest) return kStatusBadRequest;
     if (record::attachedLength.get(request) != 0) return kStatusBadRequest;  // a request carries no table
     const Operation* operation = operation_of(record::code.get(request));
     if (!operation) return kStatusUnknownOperation;
 
-    Call call{service, *operation, request, answer};
+    Call call{service, *operation, request, answer, asker.connection};
     return operation->run(call);
 }
 
@@ -70,6 +70,13 @@ bool takes_entry(const List& list, const ComParam& request)
     return std::ranges::all_of(list.columns, [&](const Column& column) {
         return takes(column.setting, request.bytes + column.inRequest.offset);
     });
+}
+
+// Counted from 1, as the record has it.
+std::uint16_t number_of(const Model& model, const Section& section)
+{
+    const auto found = std::ranges::find(model.sections, &section);
+    return static_cast<std::uint16_t>(found - model.sections.begin() + 1);
 }
 }  // namespace
 
@@ -96,11 +103,32 @@ const Section* requested_section(const Call& call)
     return found == operation.sections.end() ? nullptr : &*found;
 }
 
+void show_origin(Call& call, const Section& section)
+{
+    const Store& store = call.service.store;
+    origin_record::revision.set(call.answer.record, store.revision());
+    origin_record::section.set(call.answer.record, number_of(store.model(), section));
+}
+
+std::optional<Bytes> values_known(const Call& call, const Section& section)
+{
+    const Store& store = call.service.store;
+    const Section* subject = requested_section(call);
+    if (!subject || origin_record::section.get(call.request) != number_of(store.model(), *subject)) return {};
+    return store.values_known(section, origin_record::revision.get(call.request), call.connection);
+}
+
+ServiceStatus take_request(const Call& call, const Section& section, std::span<const Setting> rows, Configuration& next)
+{
+    return take_values(section, rows, call.request, next.values(section), values_known(call, section));
+}
+
 ServiceStatus read_section(Call& call)
 {
     const Section* section = requested_section(call);
     if (!section) return kStatusUnknownName;
     give_values(*section, call.service.store.running().values(*section), call.answer.record);
+    show_origin(call, *section);
     const std::string_view name = section->name;
     std::memcpy(call.answer.record.bytes + call.operation.name.offset, name.data(),
                 std::min(name.size(), call.operation.name.width));
@@ -110,9 +138,8 @@ ServiceStatus read_section(Call& call)
 ServiceStatus write_rows(Call& call, const Section& section, std::span<const Setting> rows)
 {
     Configuration next = call.service.store.running();
-    Bytes& values = next.values(section);
-    if (const ServiceStatus refused = take_values(section, rows, call.request, values)) return refused;
-    if (values == call.service.store.running().values(section)) return kStatusOk;
+    if (const ServiceStatus refused = take_request(call, section, rows, next)) return refused;
+    if (next.values(section) == call.service.store.running().values(section)) return kStatusOk;
     return call.service.store.change(std::move(next));
 }
 
@@ -157,11 +184,11 @@ ServiceStatus delete_from_list(Call& call)
     return call.service.store.change(std::move(next));
 }
 
-void answer_request(Service& service, const ComParam& request, Answer& answer)
+void answer_request(Service& service, const ComParam& request, Answer& answer, const Asker& asker)
 {
     answer = {};
-    RequestLog log(service, request);
-    const ServiceStatus status = carry_out(service, request, answer);
+    RequestLog log(service, request, asker);
+    const ServiceStatus status = carry_out(service, request, answer, asker);
     log.done(status);
     if (status != kStatusOk) answer = {.delay = answer.delay};
 

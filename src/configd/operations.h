@@ -4,9 +4,11 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
 
 #include "configd/answer.h"
+#include "configd/asker.h"
 #include "configd/service.h"
 #include "configd/settings.h"
 
@@ -17,6 +19,7 @@ struct Call {
     const Operation& operation;
     const ComParam& request;
     Answer& answer;  // payload and table begin empty; a refusal empties them again
+    std::uint64_t connection = 0;
 };
 
 struct Operation {
@@ -46,8 +49,22 @@ ServiceStatus delete_from_list(Call& call);
 const Section* requested_section(const Call& call);  // nullptr: none of that name
 ServiceStatus write_rows(Call& call, const Section& section, std::span<const Setting> rows);
 
+// Two consoles may change one record at the same time: each reads it, asks its operator, and sends all of it back. So
+// each answer that shows a section tells which one and as of when, and a record that comes back with that shows which
+// of its fields were changed. It does not matter what else its sender read meanwhile, and nothing is kept for a client.
+void show_origin(Call& call, const Section& section);
+
+// What its sender knows of the section: as it was when the record was read that the request brings back, but with what
+// the sender itself has changed since. Nothing: the record was made from nothing, from a record of something else, or
+// too long ago.
+std::optional<Bytes> values_known(const Call& call, const Section& section);
+
+// take_values from such a request.
+ServiceStatus take_request(const Call& call, const Section& section, std::span<const Setting> rows,
+                           Configuration& next);
+
 std::span<const Area* const> areas();
 Model model_of(std::span<const Area* const> areas);
 
-// Carries the request out and completes the answer.
-void answer_request(Service& service, const ComParam& request, Answer& answer);
+// Carries the request out and completes the answer. The log names the asker.
+void answer_request(Service& service, const ComParam& request, Answer& answer, const Asker& asker = {});

@@ -6,6 +6,8 @@
 #include <syslog.h>
 
 #include "configd/areas/system_log.h"
+#include "configd/changes.h"
+#include "configd/log.h"
 #include "configd/system_log.h"
 #include "platform/log_messages.h"
 #include "service/codes.h"
@@ -15,7 +17,7 @@ struct Subject {
     std::uint32_t code;
     Facility facility;
     const char* change;      // what the request changes; nullptr: it only reads
-    int level = LOG_NOTICE;  // of a change that was made; 0: the area says it in its own words
+    int level = LOG_NOTICE;  // of what was done; 0: the area says it in its own words, and no setting needs a line
 };
 // clang-format off
 constexpr Subject kSubjects[] = {
@@ -53,7 +55,7 @@ constexpr Subject kSubjects[] = {
     {code::kReadRadius,            Facility::kRadius,    nullptr},
     {code::kWriteRadius,           Facility::kRadius,    "RADIUS server settings"},
     {code::kWriteRadiusReattempt,  Facility::kRadius,    "RADIUS re-attempt interval"},
-    {code::kApplyRadius,           Facility::kRadius,    "RADIUS server in force"},
+    {code::kApplyRadius,           Facility::kRadius,    "RADIUS server in force", 0},
     {code::kDeleteRadius,          Facility::kRadius,    "deletion of a RADIUS server"},
     {code::kReadDdns,              Facility::kDdns,      nullptr},
     {code::kWriteDdns,             Facility::kDdns,      "dynamic DNS settings"},
@@ -130,11 +132,22 @@ std::string outcome_of(ServiceStatus status)
 }
 }  // namespace
 
-RequestLog::RequestLog(const Service& service, const ComParam& request)
+RequestLog::RequestLog(Service& service, const ComParam& request, const Asker& asker)
     : service_(service), code_(record::code.get(request))
 {
+    service.store.begin_request(asker.connection);
     system_log().follow(log_rules(service));
-    system_log().attribute_lines_to(subject_of(code_).facility);
+    system_log().attribute_lines_to(subject_of(code_).facility, asker.name);
+}
+
+// false: there are none.
+bool RequestLog::log_changes(int level) const
+{
+    const Store& store = service_.store;
+    if (!store.before()) return false;
+    const auto lines = changes_between(store.model(), *store.before(), store.running());
+    for (const std::string& line : lines) log_line(level, "%s", line.c_str());
+    return !lines.empty();
 }
 
 void RequestLog::done(ServiceStatus status)
@@ -143,10 +156,10 @@ void RequestLog::done(ServiceStatus status)
     const Subject& subject = subject_of(code_);
     const std::string outcome = outcome_of(status);
     log.trace(subject.facility, LOG_DEBUG, "request " + std::to_string(code_) + " " + outcome);
-    const bool refusedPassword = subject.facility == Facility::kLogin && status != kStatusOk;  // has its line already
-    const int level = status == kStatusOk ? subject.level : LOG_WARNING;
-    if (subject.change && level != 0 && !refusedPassword)
-        log.log(subject.facility, level, subject.change + (" " + outcome));
+    const bool hasItsLine = status == kStatusOk ? subject.level == 0 : status == kStatusWrongPassword;
+    const bool told = subject.level != 0 && log_changes(subject.level);
+    if (subject.change && !hasItsLine && !(told && status == kStatusOk))
+        log_line(status == kStatusOk ? subject.level : LOG_WARNING, "%s %s", subject.change, outcome.c_str());
 
     log.attribute_lines_to(Facility::kSystem);
     log.follow(log_rules(service_));  // the request may have changed them

@@ -1,16 +1,19 @@
-// What the system log says about a request: every change of a setting, every refusal of one, and, where its facility is
-// traced, each request there is.
+// What the log says about a request: who asked, every setting that it has changed with its value before and after,
+// every refusal of a change, and, where its facility is traced, each request there is.
 #pragma once
 
+#include "configd/asker.h"
 #include "configd/service.h"
 
 class RequestLog {
 public:
-    RequestLog(const Service& service, const ComParam& request);
+    RequestLog(Service& service, const ComParam& request, const Asker& asker);
     void done(ServiceStatus status);
 
 private:
-    const Service& service_;
+    bool log_changes(int level) const;
+
+    Service& service_;
     std::uint32_t code_;
 };
 

@@ -12,6 +12,7 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+#include "configd/linux/terminal.h"
 #include "configd/log.h"
 
 namespace {
@@ -22,14 +23,25 @@ constexpr auto kRest = std::chrono::seconds(1);  // before accepting again when 
 bool would_block(int error) { return error == EAGAIN || error == EWOULDBLOCK || error == EINTR; }
 
 // Only root and the service's own user; the socket's mode says the same, before a connection stands.
-bool is_allowed(int socket)
+bool is_allowed(const ucred& peer)
 {
-    ucred peer{};
-    socklen_t size = sizeof peer;
-    if (getsockopt(socket, SOL_SOCKET, SO_PEERCRED, &peer, &size) != 0) return false;
     if (peer.uid == 0 || peer.uid == geteuid()) return true;
     log_line(LOG_WARNING, "refused process %d of user %u", static_cast<int>(peer.pid), static_cast<unsigned>(peer.uid));
     return false;
+}
+
+bool read_peer(int socket, ucred& peer)
+{
+    socklen_t size = sizeof peer;
+    return getsockopt(socket, SOL_SOCKET, SO_PEERCRED, &peer, &size) == 0;
+}
+
+// No other user's name is looked up: that may ask another machine, and all clients would wait.
+std::string name_of(const ucred& peer)
+{
+    const std::string user = peer.uid == 0 ? "root" : "user " + std::to_string(peer.uid);
+    const std::string terminal = device::terminal_of(peer.pid);
+    return user + (terminal.empty() ? " (no terminal)" : " on " + terminal);
 }
 
 int bind_to(int socket, const std::string& path)
@@ -150,7 +162,7 @@ bool Server::receive(Client& client)
 void Server::answer(Client& client)
 {
     Answer answer;
-    handler_(client.request, answer);
+    handler_(client.request, answer, client.asker);
     explicit_bzero(&client.request, sizeof client.request);  // it may have held a password
     client.received = 0;
 
@@ -199,11 +211,12 @@ void Server::accept_waiting()
         acceptAgain_ = Clock::now() + kRest;
         return;
     }
-    if (!is_allowed(socket) || !make_place()) {
+    ucred peer{};
+    if (!read_peer(socket, peer) || !is_allowed(peer) || !make_place()) {
         close(socket);
         return;
     }
-    clients_.push_back({.socket = socket, .since = Clock::now()});
+    clients_.push_back({.socket = socket, .asker = {++connections_, name_of(peer)}, .since = Clock::now()});
 }
 
 // A client that has asked nothing for long is sent away for a new one: it connects again when it has a question. Where

@@ -9,10 +9,11 @@
 #include <vector>
 
 #include "configd/answer.h"
+#include "configd/asker.h"
 
 class Server {
 public:
-    using Handler = std::function<void(const ComParam& request, Answer& answer)>;
+    using Handler = std::function<void(const ComParam& request, Answer& answer, const Asker& asker)>;
     using Clock = std::chrono::steady_clock;
 
     struct Limits {
@@ -39,6 +40,7 @@ public:
 private:
     struct Client {
         int socket;
+        Asker asker;
         ComParam request{};
         std::size_t received = 0;  // bytes of the request
         std::vector<unsigned char> output{};
@@ -69,6 +71,7 @@ private:
     int watched_ = -1;
     std::function<void()> ready_;
     std::vector<Client> clients_;
+    std::uint64_t connections_ = 0;    // so far
     Clock::time_point acceptAgain_{};  // the system had no room for another client until then
 };
 

@@ -43,6 +43,11 @@ bool takes(const Setting& row, const unsigned char* value)
     return true;
 }
 
+bool same_value(const Setting& row, const unsigned char* a, const unsigned char* b)
+{
+    return is_text(row) ? get_text(row, a) == get_text(row, b) : std::memcmp(a, b, row.at.width) == 0;
+}
+
 std::int64_t get_number(const Setting& row, const unsigned char* value)
 {
     switch (row.at.width) {
@@ -100,11 +105,13 @@ void set_factory(const Section& section, Bytes& image)
     for (const Setting& row : section.settings) set_factory(row, image.data() + row.at.offset);
 }
 
-ServiceStatus take_values(const Section& section, std::span<const Setting> rows, const ComParam& record, Bytes& image)
+ServiceStatus take_values(const Section& section, std::span<const Setting> rows, const ComParam& record, Bytes& image,
+                          const std::optional<Bytes>& known)
 {
     Bytes next = image;
     for (const Setting& row : rows) {
         const unsigned char* value = record.bytes + row.at.offset;
+        if (known && !row.alwaysMeant && same_value(row, value, known->data() + row.at.offset)) continue;
         if (row.emptyKeeps && is_text(row) && *value == 0) continue;
         if (!takes(row, value)) return kStatusValueRefused;
         copy_value(row, value, next.data() + row.at.offset);

@@ -5,11 +5,13 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string_view>
 #include <type_traits>
 #include <vector>
 
+#include "service/fields/origin.h"
 #include "service/record.h"
 #include "service/status.h"
 
@@ -29,6 +31,7 @@ struct Setting {
     std::int64_t min = 0, max = 0;  // a number's range, a text's length
     bool isSigned = false;
     bool emptyKeeps = false;               // an empty text in a write leaves the setting as it is
+    bool alwaysMeant = false;              // a write sets it even to what its sender knew it to be
     std::span<const Choice> choices = {};  // of a choice
     bool (*takesText)(const char*) = nullptr;
     bool (*takesNumber)(std::int64_t) = nullptr;
@@ -91,6 +94,13 @@ constexpr Setting choice(const char* key, T field, std::span<const Choice> choic
     return {.key = key, .kind = Kind::kChoice, .at = field.at, .choices = choices, .factoryNumber = factory};
 }
 
+// A setting that no record shows, or that is written in a record that was not read for it.
+constexpr Setting meant(Setting setting)
+{
+    setting.alwaysMeant = true;
+    return setting;
+}
+
 // Host order in the record, a dotted quad in the file.
 template <class T>
 constexpr Setting address(const char* key, T field, std::uint32_t factory, bool (*takes)(std::int64_t) = nullptr)
@@ -126,6 +136,7 @@ bool takes_number(const Setting& row, std::int64_t value);
 
 // In the functions below `value` is where the field itself begins.
 bool takes(const Setting& row, const unsigned char* value);
+bool same_value(const Setting& row, const unsigned char* a, const unsigned char* b);
 std::int64_t get_number(const Setting& row, const unsigned char* value);
 void set_number(const Setting& row, unsigned char* value, std::int64_t number);
 // The text up to its NUL; never more than the width.
@@ -179,8 +190,10 @@ struct Model {
 void set_factory(const Section& section, Bytes& image);
 
 // Copies the values of `rows` (the section's, or some of them) from the record to the image when it takes them all;
-// else the image stays as it was.
-ServiceStatus take_values(const Section& section, std::span<const Setting> rows, const ComParam& record, Bytes& image);
+// else the image stays as it was. `known` is the image as the record's sender knows it, if anybody can tell: what the
+// record shows as it is there its sender has not changed, and the image keeps what it has by now.
+ServiceStatus take_values(const Section& section, std::span<const Setting> rows, const ComParam& record, Bytes& image,
+                          const std::optional<Bytes>& known = {});
 
 // Copies the section's values to the record.
 void give_values(const Section& section, const Bytes& image, ComParam& record);
@@ -214,6 +227,7 @@ consteval Section section(const char* key, const char* name, const std::array<Se
 {
     for (std::size_t i = 0; i < N; i++) {
         if (!factory_is_taken(rows[i]) || !width_is_known(rows[i])) setting_is_not_sound();
+        if (overlap(rows[i].at, origin_record::place)) setting_is_not_sound();
         for (std::size_t j = 0; j < i; j++) {
             if (overlap(rows[i].at, rows[j].at)) setting_is_not_sound();
             if (std::string_view(rows[i].key) == rows[j].key) setting_is_not_sound();

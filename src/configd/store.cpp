@@ -108,8 +108,26 @@ ServiceStatus Store::change(Configuration next)
     if (error == 0) error = write_whole(storage_, fresh, text, Durable::kNo);
     if (error == 0) error = storage_.rename(fresh, runningFile_.path);
     if (error != 0) return report("the running configuration was not changed", error);
-    running_ = std::move(next);
+    put_in_force(std::move(next));
     return kStatusOk;
+}
+
+void Store::put_in_force(Configuration next)
+{
+    revisions_.note(model_, running_, next, connection_);
+    if (!before_) before_ = std::move(running_);
+    running_ = std::move(next);
+}
+
+void Store::begin_request(std::uint64_t connection)
+{
+    before_.reset();
+    connection_ = connection;
+}
+
+std::optional<Bytes> Store::values_known(const Section& section, std::uint32_t revision, std::uint64_t connection) const
+{
+    return revisions_.values_known(section, revision, connection, running_);
 }
 
 ServiceStatus Store::save()
@@ -156,7 +174,7 @@ void Store::restore()
     if (change(next) == kStatusOk) return;
     // It is in force all the same; without its file a restart of the service starts from saved too.
     report("running configuration", forget(runningFile_.path));
-    running_ = std::move(next);
+    put_in_force(std::move(next));
 }
 
 ServiceStatus Store::clear()
@@ -164,7 +182,7 @@ ServiceStatus Store::clear()
     int error = forget_saved();
     if (error == 0) error = forget(runningFile_.path);
     if (error != 0) return report("the configuration was not cleared", error);
-    running_ = Configuration(model_);
+    put_in_force(Configuration(model_));
     drop_notice();
     log_line(LOG_NOTICE, "configuration cleared");
     return kStatusOk;

@@ -4,9 +4,11 @@
 // name of the same file. Nothing saved: factory.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "configd/configuration.h"
+#include "configd/revisions.h"
 #include "configd/storage.h"
 
 struct Folders {
@@ -23,6 +25,17 @@ public:
     void start();
 
     const Configuration& running() const { return running_; }
+
+    // The changes that follow are that connection's.
+    void begin_request(std::uint64_t connection);
+    // What was running when the request began; nullptr: it still is.
+    const Configuration* before() const { return before_ ? &*before_ : nullptr; }
+
+    std::uint32_t revision() const { return revisions_.current(); }
+    // See Revisions.
+    std::optional<Bytes> values_known(const Section& section, std::uint32_t revision, std::uint64_t connection) const;
+
+    const Model& model() const { return model_; }
 
     // What the operator is to know about files that were set aside, a line without its end; empty: nothing. It lasts,
     // across restarts too, until the configuration is saved or cleared.
@@ -61,6 +74,7 @@ private:
     void read_notice();
     void give_notice(const char* inForce);
     void drop_notice();
+    void put_in_force(Configuration next);
 
     const Model& model_;
     Storage storage_;
@@ -71,4 +85,7 @@ private:
     std::string rejections_;  // of files that were set aside just now: what the next notice begins with
     std::string notice_;
     Configuration running_;
+    std::optional<Configuration> before_{};
+    std::uint64_t connection_ = 0;  // whose request is carried out
+    Revisions revisions_{};
 };

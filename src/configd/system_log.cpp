@@ -3,12 +3,15 @@
 #include <algorithm>
 #include <ctime>
 #include <syslog.h>
+#include <utility>
 
 namespace {
 // One line, whatever a text has been made of.
 std::string one_line(std::string_view text)
 {
+    constexpr std::string_view kCut = "...";
     std::string line(text.substr(0, SystemLog::kLongestText));
+    if (text.size() > line.size()) line.replace(line.size() - kCut.size(), kCut.size(), kCut);
     std::ranges::replace_if(
         line, [](char c) { return c < ' ' || c > '~'; }, '?');
     return line;
@@ -19,6 +22,12 @@ LogRules::LogRules()
 {
     logUpTo.fill(LOG_INFO);
     traceUpTo.fill(0);
+}
+
+void SystemLog::attribute_lines_to(Facility facility, std::string asker)
+{
+    lines_ = facility;
+    asker_ = std::move(asker);
 }
 
 void SystemLog::log(Facility facility, int level, std::string_view text)

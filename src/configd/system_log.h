@@ -71,8 +71,10 @@ public:
 
     const std::deque<LogEntry>& entries() const { return entries_; }  // newest last
 
-    // Whose work the lines of log_line are about until the next call.
-    void attribute_lines_to(Facility facility) { lines_ = facility; }
+    // What the lines of log_line are about until the next call, and who asked for it; empty: nobody.
+    void attribute_lines_to(Facility facility, std::string asker = {});
+    Facility lines_facility() const { return lines_; }
+    const std::string& asker() const { return asker_; }
     void line(int level, std::string_view text) { log(lines_, level, text); }
 
 private:
@@ -81,6 +83,7 @@ private:
     LogRules rules_;
     std::deque<LogEntry> entries_;
     Facility lines_ = Facility::kSystem;
+    std::string asker_;
 };
 
 SystemLog& system_log();

@@ -36,7 +36,7 @@ protected:
     }
     std::uint32_t ask(const ComParam& request)
     {
-        answer_request(*service, request, answer);
+        answer_request(*service, request, answer, asker);
         return record::status.get(answer.record);
     }
     std::uint32_t ask(std::uint16_t code) { return ask(request(code)); }
@@ -61,4 +61,5 @@ protected:
     MemoryStorage storage;
     std::optional<Service> service;
     Answer answer;
+    Asker asker;
 };

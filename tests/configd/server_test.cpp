@@ -22,7 +22,7 @@ constexpr std::size_t kBigTable = 1 << 20;
 constexpr std::uint16_t kHeldAnswer = 78;  // and that one so much later
 constexpr std::chrono::milliseconds kHeldFor{600};
 
-void echo(const ComParam& request, Answer& answer)
+void echo(const ComParam& request, Answer& answer, const Asker&)
 {
     answer.record = request;
     if (record::code.get(request) == kHeldAnswer) answer.delay = kHeldFor;

@@ -45,6 +45,7 @@ TEST(SystemLog, AnEntryIsOneLineOfItsLength)
     const std::string& text = log.entries().back().text;
     EXPECT_TRUE(text.starts_with("two?lines?[2J?x")) << text;
     EXPECT_EQ(text.size(), SystemLog::kLongestText);
+    EXPECT_TRUE(text.ends_with("xxx...")) << text;
 }
 
 TEST(RemoteLog, SendsOneDatagramAnEntry)
@@ -118,7 +119,7 @@ TEST_F(LogArea, HasAChangeARefusalAndAWrongPassword)
     ComParam system = to_write(code::kReadSystem, code::kWriteSystem);
     system_record::name.set(system, "lab-ap");
     ASSERT_EQ(ask(system), kStatusOk);
-    EXPECT_EQ(newest(), "5 system settings accepted");
+    EXPECT_EQ(newest(), "5 system.name changed from \"router\" to \"lab-ap\"");
 
     system_record::name.set(system, "\x01");
     ASSERT_EQ(ask(system), kStatusValueRefused);

@@ -124,13 +124,34 @@ int apply_lan(const Service& service, const Bytes& before)
     return error;
 }
 
+// Without a fixed address the record shows the machine's, which comes back as it was shown and sets nothing.
+Bytes as_shown(Bytes stored, const ComParam& request)
+{
+    if (mode.get(stored.data()) != kAutomatic || mode.get(request) != kAutomatic) return stored;
+    address.set(stored.data(), address.get(request));
+    netmask.set(stored.data(), netmask.get(request));
+    return stored;
+}
+
+ServiceStatus store_settings(Call& call, const Section& section)
+{
+    Store& store = call.service.store;
+    std::optional<Bytes> shown = values_known(call, section);
+    if (shown) shown = as_shown(*shown, call.request);
+    Configuration next = store.running();
+    Bytes& values = next.values(section);
+    if (const ServiceStatus refused = take_values(section, section.settings, call.request, values, shown))
+        return refused;
+    return values == store.running().values(section) ? kStatusOk : store.change(std::move(next));
+}
+
 ServiceStatus write_address(Call& call)
 {
     const Section* section = requested_section(call);
     if (!section) return kStatusUnknownName;
     Service& service = call.service;
     const Configuration before = service.store.running();
-    if (const ServiceStatus refused = write_rows(call, *section, section->settings)) return refused;
+    if (const ServiceStatus refused = store_settings(call, *section)) return refused;
     if (const int error = section == &kLan ? apply_lan(service, before.values(kLan)) : 0) {
         const Bytes refused = service.store.running().values(kLan);
         service.store.change(before);

@@ -29,7 +29,7 @@ constexpr auto kRows = std::to_array<Setting>({
     row::flag  ("enabled",  enabled,  false),
     row::text  ("hostname", hostname, {.takes = is_hostname}),
     row::text  ("username", username),
-    row::secret("password", password, {.emptyKeeps = true}),
+    row::meant (row::secret("password", password, {.emptyKeeps = true})),
 });
 constexpr Section kSections[] = {section("ddns", "", kRows, check)};
 // clang-format on

@@ -18,7 +18,7 @@ ServiceStatus check(const unsigned char* image)
 
 // clang-format off
 constexpr auto kRows = std::to_array<Setting>({
-    row::choice("mode",     mode,     kModes, kAccessPoint),
+    row::meant (row::choice("mode", mode, kModes, kAccessPoint)),
     row::mac   ("repeated", repeated),
 });
 // clang-format on

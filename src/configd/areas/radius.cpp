@@ -53,10 +53,8 @@ ServiceStatus write_radius(Call& call)
     const Section* entry = requested_section(call);
     if (!entry) return kStatusUnknownName;
     Configuration next = call.service.store.running();
-    if (const ServiceStatus refused = take_values(*entry, entry->settings, call.request, next.values(*entry)))
-        return refused;
-    if (const ServiceStatus refused = take_values(kBoth, kBoth.settings, call.request, next.values(kBoth)))
-        return refused;
+    if (const ServiceStatus refused = take_request(call, *entry, entry->settings, next)) return refused;
+    if (const ServiceStatus refused = take_request(call, kBoth, kBoth.settings, next)) return refused;
     if (const ServiceStatus failed = call.service.store.change(std::move(next))) return failed;
 
     const ServiceStatus status = read_radius(call);

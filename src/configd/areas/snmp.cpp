@@ -14,7 +14,7 @@ namespace request = trap_manager_request;
 constexpr auto kRows = std::to_array<Setting>({
     row::flag  ("enabled",         enabled,        false),
     row::secret("read_community",  readCommunity,  {.factory = "public", .min = 1}),
-    row::secret("write_community", writeCommunity, {.emptyKeeps = true}),
+    row::meant (row::secret("write_community", writeCommunity, {.emptyKeeps = true})),
 });
 constexpr Section kSections[] = {section("snmp", "", kRows)};
 

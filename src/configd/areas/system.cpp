@@ -12,7 +12,7 @@ using namespace system_record;
 
 // clang-format off
 constexpr auto kRows = std::to_array<Setting>({
-    row::text("prompt",   prompt,   {.factory = "Command", .min = 1, .emptyKeeps = true}),
+    row::meant(row::text("prompt", prompt, {.factory = "Command", .min = 1, .emptyKeeps = true})),
     row::text("name",     name,     {.factory = "router",            .emptyKeeps = true}),
     row::text("contact",  contact,  {.factory = "",                  .emptyKeeps = true}),
     row::text("location", location, {.factory = "",                  .emptyKeeps = true}),

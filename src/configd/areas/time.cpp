@@ -110,7 +110,7 @@ ServiceStatus write_time(Call& call)
 {
     Service& service = call.service;
     Configuration next = service.store.running();
-    if (const ServiceStatus refused = take_values(kTime, kZoneOnly, call.request, next.values(kTime))) return refused;
+    if (const ServiceStatus refused = take_request(call, kTime, kZoneOnly, next)) return refused;
 
     std::int64_t step = step_to(service, now.get(call.request));
     if (!sets_machine(service)) {
@@ -125,7 +125,7 @@ ServiceStatus write_time(Call& call)
 ServiceStatus write_ntp_client(Call& call)
 {
     Configuration next = call.service.store.running();
-    if (const ServiceStatus refused = take_values(kTime, kRows, call.request, next.values(kTime))) return refused;
+    if (const ServiceStatus refused = take_request(call, kTime, kRows, next)) return refused;
     if (const ServiceStatus failed = put_in_force(call.service, std::move(next), 0)) return failed;
     return read_time(call);
 }

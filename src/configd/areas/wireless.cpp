@@ -115,9 +115,8 @@ const ProfileRadio* profile_radio(const Profile& profile, const Section& section
 }
 
 // A radio that was never set is as the profile says.
-Bytes in_force(const Service& service, const Section& section, const ProfileRadio& known)
+Bytes in_force(Bytes image, const ProfileRadio& known)
 {
-    Bytes image = service.store.running().values(section);
     unsigned char* radio = image.data();
     const bool isSet =
         port::ssid.length(radio) > 0 || port::mode.get(radio) != 0 || port::channel.get(radio) != kAutomatic;
@@ -130,12 +129,14 @@ Bytes in_force(const Service& service, const Section& section, const ProfileRadi
 
 ServiceStatus write_radio(Call& call, const Section& section, std::span<const Setting> rows, const ComParam& values)
 {
-    const ProfileRadio* known = profile_radio(call.service.profile, section);
-    if (!known) return kStatusNoDevice;
+    const ProfileRadio* radio = profile_radio(call.service.profile, section);
+    if (!radio) return kStatusNoDevice;
     Configuration next = call.service.store.running();
     Bytes& image = next.values(section);
-    image = in_force(call.service, section, *known);
-    if (const ServiceStatus refused = take_values(section, rows, values, image)) return refused;
+    image = in_force(std::move(image), *radio);
+    std::optional<Bytes> shown = values_known(call, section);
+    if (shown) shown = in_force(*shown, *radio);
+    if (const ServiceStatus refused = take_values(section, rows, values, image, shown)) return refused;
     return call.service.store.change(std::move(next));
 }
 
@@ -145,7 +146,8 @@ ServiceStatus read_port(Call& call)
     if (!section) return kStatusUnknownName;
     const ProfileRadio* known = profile_radio(call.service.profile, *section);
     if (!known) return kStatusNoDevice;
-    give(kPortRows, in_force(call.service, *section, *known), call.answer.record);
+    give(kPortRows, in_force(call.service.store.running().values(*section), *known), call.answer.record);
+    show_origin(call, *section);
     port::radio.set(call.answer.record, section->name);
     return kStatusOk;
 }
@@ -162,8 +164,9 @@ ServiceStatus read_settings(Call& call)
 {
     const ProfileRadio* known = profile_radio(call.service.profile, kFirst);
     if (!known) return kStatusNoDevice;
-    Bytes image = in_force(call.service, kFirst, *known);
+    Bytes image = in_force(call.service.store.running().values(kFirst), *known);
     give(kOwnRows, image, call.answer.record);
+    show_origin(call, kFirst);
     settings::networkName.set(call.answer.record, port::ssid.get(image.data()));
     settings::channel.set(call.answer.record, port::channel.get(image.data()));
     return kStatusOk;
@@ -183,8 +186,8 @@ ServiceStatus write_settings(Call& call)
 constexpr Operation kOperations[] = {
     {.code = code::kReadWirelessPort,      .run = read_port,  .sections = kSections, .name = port::radio.at},
     {.code = code::kWriteWirelessPort,     .run = write_port, .sections = kSections, .name = port::radio.at},
-    {.code = code::kReadWirelessSettings,  .run = read_settings},
-    {.code = code::kWriteWirelessSettings, .run = write_settings},
+    {.code = code::kReadWirelessSettings,  .run = read_settings,  .sections = {&kFirst, 1}},
+    {.code = code::kWriteWirelessSettings, .run = write_settings, .sections = {&kFirst, 1}},
 };
 // clang-format on
 }  // namespace
