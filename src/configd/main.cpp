@@ -135,6 +135,7 @@ int serve(Service& service, const std::string& socketPath, int signals)
         log_line(LOG_ERR, "the firewall rules could not be written: %s", std::strerror(error));
 
     const int changes = device::watch_interfaces();  // open until the process ends
+    service.interfaces.watch();
     restore_routes(service);
 
     Server server([&service](const ComParam& request, Answer& answer, const Asker& asker) {

@@ -4,10 +4,11 @@
 
 #include "configd/log.h"
 
-Ports::Ports(const Service& service) : profile_(service.profile)
+Ports::Ports(const Service& service, Counters counters) : profile_(service.profile)
 {
-    if (const int error = service.device.read_interfaces(interfaces_))
-        log_line(LOG_WARNING, "the machine's interfaces: %s", std::strerror(error));
+    const int error =
+        counters == Counters::now ? service.device.read_interfaces(interfaces_) : service.interfaces.read(interfaces_);
+    if (error != 0) log_line(LOG_WARNING, "the machine's interfaces: %s", std::strerror(error));
 }
 
 const device::Interface* Ports::find(const std::string& interface) const

@@ -5,7 +5,8 @@
 
 class Ports {
 public:
-    explicit Ports(const Service& service);
+    enum class Counters { old, now };
+    explicit Ports(const Service& service, Counters counters = Counters::old);
 
     // nullptr: the machine has no such interface.
     const device::Interface* find(const std::string& interface) const;

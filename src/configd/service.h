@@ -3,6 +3,7 @@
 
 #include "configd/attempts.h"
 #include "configd/cleared_counters.h"
+#include "configd/interface_cache.h"
 #include "configd/linux/device.h"
 #include "configd/profile.h"
 #include "configd/rule_file.h"
@@ -17,6 +18,7 @@ struct Service {
     RuleFile dhcpRules{};
     RuleFile timeRules{};
     Attempts attempts{};
+    mutable InterfaceCache interfaces{device};
 };
 
 // The software version as the console shows it.

@@ -57,7 +57,7 @@ std::string name_in(const ComParam& request, TextField field)
 
 ServiceStatus read_counters(Call& call)
 {
-    const Ports ports(call.service);
+    const Ports ports(call.service, Ports::Counters::now);
     const std::string name = name_in(call.request, counters::interface);
     const device::Interface* real = ports.find(name);
     if (!real) return kStatusNoDevice;
@@ -73,7 +73,7 @@ ServiceStatus read_counters(Call& call)
 // What was cleared of interfaces that are gone is forgotten.
 ServiceStatus clear_interface(Service& service, const std::string& name)
 {
-    const Ports ports(service);
+    const Ports ports(service, Ports::Counters::now);
     const device::Interface* real = ports.find(name);
     if (!real) return kStatusNoDevice;
 
