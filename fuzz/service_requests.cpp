@@ -4,7 +4,8 @@
 //     a     the last answer becomes the record      q    sends it and takes the answer
 //     z N   sends only its first N bytes            j N  goes on as client N, 0 to 3
 //     e     the client leaves                       R    the service is killed and starts again
-//     m N   the machine refuses with errno N        o N  the disk fails after N more operations; 0: it works again
+//     m N   the machine refuses with errno N        o N  the disk is gone after N more operations; 0: it works again
+//                                                   O N  the N-th operation from now fails, and that one only
 #include <cerrno>
 #include <sys/eventfd.h>
 #include <sys/socket.h>
@@ -58,7 +59,8 @@ public:
         case 'j': client_ = words.number() % kClients; break;
         case 'e': leave(clients_[client_]); break;
         case 'm': machine.error = static_cast<int>(words.number() % kMostErrors); break;
-        case 'o': fail_disk(words.number()); break;
+        case 'o': fail_disk(words.number(), true); break;
+        case 'O': fail_disk(words.number(), false); break;
         case 'R': restart(); break;
         default: edit_record(record_, letter, words);
         }
@@ -122,24 +124,27 @@ private:
         client = -1;
     }
 
-    void fail_disk(std::uint32_t after)
+    void fail_disk(std::uint32_t after, bool forGood)
     {
         constexpr std::uint32_t kSoon = 64;
         device_.storage.error = ENOSPC;
-        device_.storage.failOn = true;
+        device_.storage.failOn = forGood;
         device_.storage.failAt = after == 0 ? -1 : device_.storage.changes + static_cast<int>(after % kSoon);
+        diskWasGone_ |= forGood && after != 0;
     }
 
+    // Without a disk the files may be behind what was in force; one failed operation is no reason for that.
     void restart()
     {
         server_.reset();
         for (int& each : clients_) leave(each);
-        fail_disk(0);
+        fail_disk(0, false);
         const std::string before = device_.service->store.running().text();
+        const bool isStored = device_.storage.files.contains(kRunningFile);
         device_.start();
-        const std::string after = device_.service->store.running().text();
-        if (device_.storage.files.contains(kRunningFile))
-            holds(before == after, "a restart of the service lost a change");
+        if (isStored && !diskWasGone_)
+            holds(before == device_.service->store.running().text(), "a restart of the service lost a change");
+        diskWasGone_ = false;
         open_server();
     }
 
@@ -150,6 +155,7 @@ private:
     const int always_ = always_ready();
     int clients_[kClients] = {-1, -1, -1, -1};
     std::size_t client_ = 0;
+    bool diskWasGone_ = false;
     ComParam record_, answer_{};
 
     static int always_ready()
