@@ -81,13 +81,18 @@ private:
 
     void serve(const ComParam& request, Answer& answer)
     {
-        const std::string before = device_.storage.files[kRunningFile];
+        const std::string before = stored();
         answer_request(*device_.service, request, answer);
         const std::uint32_t code = record::code.get(answer.record);
         const bool appliesAfterwards = code == code::kClearConfiguration || code == code::kRestart;
         if (record::status.get(answer.record) == kStatusOk || appliesAfterwards || disk_fails()) return;
-        holds(before == device_.storage.files[kRunningFile] || device_.service->store.running().text() == before,
-              "a refused request changed the configuration");
+        holds(before == stored(), "a refused request changed the configuration");
+    }
+    bool is_stored() const { return device_.storage.files.contains(kRunningFile); }
+    // The text of what is running, as it is read back; without a file as it would be written.
+    std::string stored() const
+    {
+        return is_stored() ? device_.storage.files.at(kRunningFile) : device_.service->store.running().text();
     }
     bool disk_fails() const { return device_.storage.failAt >= 0; }
 
@@ -140,7 +145,7 @@ private:
         for (int& each : clients_) leave(each);
         fail_disk(0, false);
         const std::string before = device_.service->store.running().text();
-        const bool isStored = device_.storage.files.contains(kRunningFile);
+        const bool isStored = is_stored();
         device_.start();
         if (isStored && !diskWasGone_)
             holds(before == device_.service->store.running().text(), "a restart of the service lost a change");
