@@ -176,7 +176,7 @@ bool Terminal::read_some(const Deadline& deadline)
     screen_.feed(output);
     if (output_) output_(output);
     for (const char c : output)
-        if (c != '\r') unread_ += c;
+        if (c != '\r' && c != '\0') unread_ += c;
     return true;
 }
 
