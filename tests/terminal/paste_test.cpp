@@ -8,8 +8,9 @@ namespace {
 struct Paste {
     const char* name;
     std::vector<std::string> console;
-    std::size_t bytes;   // a line's queue holds 4096
-    int bytesPerSecond;  // 0: at once
+    std::size_t bytes;        // a line's queue holds 4096
+    int bytesPerSecond;       // 0: at once
+    const char* before = "";  // a line that goes ahead of them
 };
 void PrintTo(const Paste& paste, std::ostream* out) { *out << paste.name; }
 constexpr std::size_t kMuch = 65536, kSome = 16384, kLittle = 3072;
@@ -18,6 +19,7 @@ const std::vector<std::string> kSmart, kNormal{ROUTER_NORMAL_CONSOLE};
 const Paste kPastes[] = {
     {"AtOnceSmart", kSmart, kMuch, 0},
     {"AtOnceNormal", kNormal, kMuch, 0},
+    {"BehindAPing", kSmart, kLittle * 2, 0, "ping 127.0.0.1\r"},
     {"At115200Smart", kSmart, kSome, kBaud115200},
     {"At115200Normal", kNormal, kSome, kBaud115200},
     {"At9600Smart", kSmart, kLittle, kBaud9600},
@@ -41,11 +43,13 @@ TEST_P(PastedCommands, AllRunInOrder)
         typed += line + '\r';
         printed += line + "\nSystem contact: " + value + "\nCommand> ";
     }
+    t.send(GetParam().before);
     if (GetParam().bytesPerSecond)
         t.send_paced(typed, GetParam().bytesPerSecond);
     else
         t.send(typed);
     t.type("logout\n");
+    if (*GetParam().before) t.until("Command> ");
     EXPECT_EQ(t.until("logout\n", kPatience * 4), printed + "logout\n");
     EXPECT_EQ(t.wait_exit(), 0);
 }
