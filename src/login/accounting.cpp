@@ -73,6 +73,14 @@ void write_utmp(const LoginEvent& login, const char* utmpPath, const char* wtmpP
     updwtmpx(wtmpPath, &entry);
 }
 
+void own_session(uid_t user)
+{
+    const int file = open("/proc/self/loginuid", O_WRONLY | O_CLOEXEC);
+    if (file < 0) return;
+    dprintf(file, "%u", static_cast<unsigned>(user));
+    close(file);
+}
+
 void update_lastlog(const LoginEvent& login, uid_t user, bool quiet, const char* path)
 {
     const int file = open(path, O_RDWR | O_CLOEXEC);

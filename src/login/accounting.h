@@ -19,6 +19,10 @@ struct LoginEvent {
 // cannot be written is left alone.
 void write_utmp(const LoginEvent& login, const char* utmpPath, const char* wtmpPath);
 
+// Tells the kernel whose session this is. Without it last(1) takes the session for one that was lost. A kernel that
+// does not keep it is left alone.
+void own_session(uid_t user);
+
 // A record of the lastlog file, which stands there at the user id times its size.
 struct LastLogin {
     std::int32_t time;  // seconds; 0: never
