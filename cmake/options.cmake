@@ -9,6 +9,9 @@ if(ROUTER_WERROR)
     target_compile_options(router_options INTERFACE -Werror)
 endif()
 target_compile_definitions(router_options INTERFACE _GNU_SOURCE)
+if(CMAKE_SIZEOF_VOID_P EQUAL 4)  # it counts past 2038 and reads every file
+    target_compile_definitions(router_options INTERFACE _TIME_BITS=64 _FILE_OFFSET_BITS=64)
+endif()
 
 add_library(router_program_options INTERFACE)
 target_link_libraries(router_program_options INTERFACE router_options)
