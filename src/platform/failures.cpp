@@ -1,5 +1,5 @@
-// How the standard library's own last resorts end a program: at once. Its way is to print first, for which it would
-// bring along as much code as a tenth of the console, and nobody reads it on a device.
+// How the standard library's own last resorts end a program: at once. Its way is to throw and to print, for which it
+// would bring along as much code as a tenth of the console, and nobody reads it on a device.
 #include <cstdlib>
 
 namespace __gnu_cxx {
@@ -11,4 +11,6 @@ namespace std {
 [[noreturn]] void __glibcxx_assert_fail(const char* file, int line, const char* function,
                                         const char* condition) noexcept;
 void __glibcxx_assert_fail(const char*, int, const char*, const char*) noexcept { std::abort(); }
+[[noreturn]] void __throw_out_of_range_fmt(const char* format, ...);
+void __throw_out_of_range_fmt(const char*, ...) { std::abort(); }
 }  // namespace std
