@@ -22,3 +22,7 @@ list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES ROUTER_MIPS16)
 if(CMAKE_SYSTEM_PROCESSOR MATCHES "^mips" AND ROUTER_MIPS16)
     set(CMAKE_CXX_FLAGS_INIT -mips16)
 endif()
+# Such a device has pages of 4 KiB; for the 64 KiB that MIPS allows every program would be filled up with zeros.
+if(CMAKE_SYSTEM_PROCESSOR MATCHES "^mips")
+    set(CMAKE_EXE_LINKER_FLAGS_INIT -Wl,-z,max-page-size=4096)
+endif()
