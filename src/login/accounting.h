@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <ctime>
 #include <sys/types.h>
 
 struct LoginEvent {
@@ -12,7 +11,7 @@ struct LoginEvent {
     const char* host;              // remote host, or null
     const unsigned char* address;  // its four bytes; first 0: not known
     pid_t pid;
-    std::time_t time;
+    std::int64_t time;
 };
 
 // Turns the entry that getty has left for this process or line into a user's, and appends it to wtmp. A file that
