@@ -17,44 +17,34 @@ struct CallName {
     long number;
     const char* name;
 };
+// clang-format off
 constexpr CallName kNames[] = {
-    {SYS_read, "read"},
-    {SYS_write, "write"},
-    {SYS_writev, "writev"},
-    {SYS_readv, "readv"},
-    {SYS_ioctl, "ioctl"},
-    {SYS_sendmsg, "sendmsg"},
-    {SYS_recvmsg, "recvmsg"},
-    {SYS_sendto, "send"},
-    {SYS_recvfrom, "recv"},
-    {SYS_ppoll, "ppoll"},
-    {SYS_pselect6, "pselect"},
-    {SYS_setitimer, "setitimer"},
-    {SYS_rt_sigaction, "sigaction"},
-    {SYS_rt_sigprocmask, "sigprocmask"},
-    {SYS_openat, "open"},
-    {SYS_close, "close"},
-    {SYS_lseek, "lseek"},
-    {SYS_newfstatat, "stat"},
-    {SYS_fcntl, "fcntl"},
-    {SYS_mmap, "mmap"},
-    {SYS_munmap, "munmap"},
-    {SYS_mprotect, "mprotect"},
-    {SYS_brk, "brk"},
-    {SYS_pread64, "pread"},
-    {SYS_socket, "socket"},
-    {SYS_connect, "connect"},
-    {SYS_futex, "futex"},
-    {SYS_getrandom, "getrandom"},
-    {SYS_close_range, "close_range"},
+    {SYS_read, "read"}, {SYS_write, "write"}, {SYS_writev, "writev"}, {SYS_readv, "readv"}, {SYS_pread64, "pread64"},
+    {SYS_pwrite64, "pwrite64"}, {SYS_lseek, "lseek"}, {SYS_ioctl, "ioctl"}, {SYS_fcntl, "fcntl"},
+    {SYS_openat, "openat"}, {SYS_close, "close"}, {SYS_close_range, "close_range"}, {SYS_dup, "dup"},
+    {SYS_newfstatat, "newfstatat"}, {SYS_fchmod, "fchmod"}, {SYS_fchown, "fchown"}, {SYS_chdir, "chdir"},
+    {SYS_faccessat2, "faccessat2"}, {SYS_flock, "flock"}, {SYS_sendmsg, "sendmsg"}, {SYS_recvmsg, "recvmsg"},
+    {SYS_sendto, "sendto"}, {SYS_recvfrom, "recvfrom"}, {SYS_socket, "socket"}, {SYS_connect, "connect"},
+    {SYS_bind, "bind"}, {SYS_getsockname, "getsockname"}, {SYS_setsockopt, "setsockopt"}, {SYS_ppoll, "ppoll"},
+    {SYS_pselect6, "pselect6"}, {SYS_setitimer, "setitimer"}, {SYS_rt_sigaction, "rt_sigaction"},
+    {SYS_rt_sigprocmask, "rt_sigprocmask"}, {SYS_mmap, "mmap"}, {SYS_munmap, "munmap"}, {SYS_mprotect, "mprotect"},
+    {SYS_brk, "brk"}, {SYS_prlimit64, "prlimit64"}, {SYS_futex, "futex"}, {SYS_getrandom, "getrandom"},
+    {SYS_set_tid_address, "set_tid_address"}, {SYS_set_robust_list, "set_robust_list"}, {SYS_rseq, "rseq"},
+    {SYS_getpid, "getpid"}, {SYS_getppid, "getppid"}, {SYS_getuid, "getuid"}, {SYS_geteuid, "geteuid"},
+    {SYS_getgid, "getgid"}, {SYS_getegid, "getegid"}, {SYS_setuid, "setuid"}, {SYS_setgid, "setgid"},
+    {SYS_setgroups, "setgroups"}, {SYS_setresuid, "setresuid"}, {SYS_setresgid, "setresgid"},
+    {SYS_setpgid, "setpgid"}, {SYS_setsid, "setsid"}, {SYS_setpriority, "setpriority"}, {SYS_prctl, "prctl"},
+    {SYS_uname, "uname"},
 #ifdef SYS_alarm  // the newer machines have only what replaced these
-    {SYS_alarm, "alarm"},
-    {SYS_poll, "poll"},
-    {SYS_select, "select"},
-    {SYS_access, "access"},
+    {SYS_alarm, "alarm"}, {SYS_poll, "poll"}, {SYS_select, "select"}, {SYS_access, "access"},
+    {SYS_readlink, "readlink"}, {SYS_dup2, "dup2"}, {SYS_stat, "stat"}, {SYS_lstat, "lstat"}, {SYS_open, "open"},
+    {SYS_chmod, "chmod"}, {SYS_chown, "chown"}, {SYS_getpgrp, "getpgrp"},
+#endif
+#ifdef SYS_arch_prctl
     {SYS_arch_prctl, "arch_prctl"},
 #endif
 };
+// clang-format on
 
 std::string name_of(long number)
 {

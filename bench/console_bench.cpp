@@ -31,6 +31,7 @@ struct Target {
     double value = 0;   // at most (a rate: at least) so much in the figure's own unit
     double calls = 0;   // at most
     double writes = 0;  // at most
+    double bytes = 0;   // at most
 };
 struct Figure {
     const char* name;
@@ -43,8 +44,8 @@ struct Figure {
 // clang-format off
 constexpr Figure kFigures[] = {
     {"key-echo",   "echo of a key",                                 Kind::operation, "us",      1000, {.ratio = 1.12, .calls = 3, .writes = 1}},
-    {"completion", "completion by space or Tab",                    Kind::operation, "us",      1000, {.ratio = 1.4}},
-    {"help",       "\"?\" at an empty line",                        Kind::operation, "us",      1000, {.ratio = 2}},
+    {"completion", "completion by space or Tab",                    Kind::operation, "us",      1000, {.ratio = 1.4, .writes = 1, .bytes = 3}},
+    {"help",       "\"?\" at an empty line",                        Kind::operation, "us",      1000, {.ratio = 2, .writes = 5}},
     {"local",      "a command that stays local",                    Kind::operation, "us",      1000, {.ratio = 3}},
     {"service",    "a command through the service",                 Kind::operation, "us",      1000, {.ratio = 2.5}},
     {"paste",      "lines pasted at once",                          Kind::paste,     "lines/s",   40, {.value = 30000}},
@@ -210,8 +211,11 @@ bool meets(const Figure& figure, const Result& result)
     if (target.ratio > 0 && result.ratio > target.ratio) return false;
     if (target.value > 0 && (is_rate(figure) ? value < target.value : value > target.value)) return false;
     if (!result.counted) return true;
-    if (target.calls > 0 && per_operation(result, result.counted->calls) > target.calls) return false;
-    return target.writes <= 0 || per_operation(result, static_cast<double>(result.counted->writes)) <= target.writes;
+    const auto within = [&](double most, unsigned long count) {
+        return most <= 0 || per_operation(result, static_cast<double>(count)) <= most;
+    };
+    return within(target.calls, result.counted->calls) && within(target.writes, result.counted->writes) &&
+           within(target.bytes, result.counted->bytes);
 }
 
 std::string target_text(const Figure& figure)
@@ -223,8 +227,12 @@ std::string target_text(const Figure& figure)
     else
         std::snprintf(text, sizeof text, "%s %.0f %s", is_rate(figure) ? ">=" : "<=", target.value, figure.unit);
     std::string all = text;
-    if (target.calls > 0) all += ", " + std::to_string(std::lround(target.calls)) + " calls";
-    if (target.writes > 0) all += ", " + std::to_string(std::lround(target.writes)) + " write";
+    const auto add = [&all](double most, const char* what) {
+        if (most > 0) all += ", " + std::to_string(std::lround(most)) + " " + what;
+    };
+    add(target.calls, "calls");
+    add(target.writes, "writes");
+    add(target.bytes, "bytes");
     return all;
 }
 
