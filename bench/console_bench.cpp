@@ -59,20 +59,23 @@ constexpr unsigned kWarmUpShare = 10;          // one round in so many comes bef
 struct Options {
     int cpu = 0;
     unsigned percent = 100;
-    std::string only, json;
+    std::vector<std::string> only;  // the figures asked for; none: all
+    std::string json;
     Definitions definitions;
     std::vector<std::string> sessions;
 };
 
 struct Summary {
     double median = 0, lower = 0, upper = 0;  // of all samples, and the quartiles
+    double best = 0;  // a tenth of the samples is better: what a machine without other work gives
     std::size_t samples = 0;
 };
 
 struct Result {
     std::string program;
     Summary summary;
-    double ratio = 0;  // to the floor
+    double ratio = 0;      // to the floor
+    double bestRatio = 0;  // of the best tenths
     std::optional<CallCount> counted;
     unsigned lost = 0;  // lines without an answer
 };
@@ -87,14 +90,16 @@ struct Subject {
 
 double microseconds(Nanoseconds time) { return static_cast<double>(time.count()) / 1000; }
 
-Summary summarize(std::vector<double> samples)
+bool is_rate(const Figure& figure) { return figure.kind == Kind::paste; }
+
+Summary summarize(std::vector<double> samples, bool moreIsBetter)
 {
     if (samples.empty()) return {};
     std::sort(samples.begin(), samples.end());
     const auto at = [&](double share) {
         return samples[static_cast<std::size_t>(std::lround(share * static_cast<double>(samples.size() - 1)))];
     };
-    return {at(0.5), at(0.25), at(0.75), samples.size()};
+    return {at(0.5), at(0.25), at(0.75), at(moreIsBetter ? 0.9 : 0.1), samples.size()};
 }
 
 void play(PtyProgram& program, const std::vector<Exchange>& exchanges)
@@ -191,15 +196,17 @@ std::vector<Result> run(const Figure& figure, const std::vector<ProgramSession>&
     std::vector<Result> results;
     for (Subject& subject : subjects) {
         subject.running.reset();
-        Result result{*subject.name, summarize(subject.samples), 0, count(figure, *subject.command), subject.lost};
-        const double floor = results.empty() ? result.summary.median : results.front().summary.median;
-        result.ratio = floor > 0 ? result.summary.median / floor : 0;
+        Result result{*subject.name, summarize(subject.samples, is_rate(figure)), 1, 1, count(figure, *subject.command),
+                      subject.lost};
+        if (!results.empty()) {
+            const Summary& floor = results.front().summary;
+            result.ratio = result.summary.median / floor.median;
+            result.bestRatio = result.summary.best / floor.best;
+        }
         results.push_back(std::move(result));
     }
     return results;
 }
-
-bool is_rate(const Figure& figure) { return figure.kind == Kind::paste; }
 
 double per_operation(const Result& result, double count) { return count / result.counted->operations; }
 
@@ -239,7 +246,8 @@ std::string target_text(const Figure& figure)
 void print_row(const Figure& figure, const Result& result)
 {
     const Summary& s = result.summary;
-    std::printf("  %-16s %9.1f  %9.1f %9.1f  %6.2fx", result.program.c_str(), s.median, s.lower, s.upper, result.ratio);
+    std::printf("  %-16s %9.1f  %9.1f %9.1f  %6.2fx %6.2fx", result.program.c_str(), s.median, s.lower, s.upper,
+                result.ratio, result.bestRatio);
     if (result.counted)
         std::printf("  %7.1f %7.1f %8.1f", per_operation(result, result.counted->calls),
                     per_operation(result, result.counted->writes),
@@ -263,8 +271,8 @@ void print_calls(const Result& result)
 void print(const Figure& figure, const std::vector<Result>& results)
 {
     std::printf("\n%s: %s, %s\n", figure.name, figure.what, figure.unit);
-    std::printf("  %-16s %9s  %9s %9s  %7s  %7s %7s %8s\n", "", "median", "quartile", "quartile", "floor", "calls",
-                "writes", "bytes");
+    std::printf("  %-16s %9s  %9s %9s  %7s %7s  %7s %7s %8s\n", "", "median", "quartile", "quartile", "floor", "tenth",
+                "calls", "writes", "bytes");
     for (const Result& result : results) print_row(figure, result);
     for (const Result& result : results)
         if (result.program == kOurs && result.counted) print_calls(result);
@@ -298,9 +306,10 @@ public:
         const Summary& s = result.summary;
         std::fprintf(file_,
                      "%s\n  {\"figure\": \"%s\", \"program\": \"%s\", \"unit\": \"%s\", \"median\": %.3f, "
-                     "\"lowerQuartile\": %.3f, \"upperQuartile\": %.3f, \"samples\": %zu, \"ofFloor\": %.4f",
+                     "\"lowerQuartile\": %.3f, \"upperQuartile\": %.3f, \"bestTenth\": %.3f, \"samples\": %zu, "
+                     "\"ofFloor\": %.4f, \"bestTenthOfFloor\": %.4f",
                      first_ ? "" : ",", figure.name, result.program.c_str(), figure.unit, s.median, s.lower, s.upper,
-                     s.samples, result.ratio);
+                     s.best, s.samples, result.ratio, result.bestRatio);
         if (figure.kind == Kind::paste) std::fprintf(file_, ", \"lost\": %u", result.lost);
         if (result.counted) add_counts(result);
         if (result.program == kOurs)
@@ -337,6 +346,23 @@ private:
     std::exit(EXIT_FAILURE);
 }
 
+void choose_figures(Options& options, std::string_view names)
+{
+    while (!names.empty()) {
+        const std::string_view name = names.substr(0, names.find(','));
+        const auto named = [name](const Figure& figure) { return figure.name == name; };
+        if (std::none_of(std::begin(kFigures), std::end(kFigures), named)) usage();
+        options.only.emplace_back(name);
+        names.remove_prefix(std::min(names.size(), name.size() + 1));
+    }
+}
+
+bool chosen(const Options& options, const Figure& figure)
+{
+    return options.only.empty() ||
+           std::find(options.only.begin(), options.only.end(), figure.name) != options.only.end();
+}
+
 Options parse_options(std::span<char*> arguments)
 {
     Options options;
@@ -353,7 +379,7 @@ Options parse_options(std::span<char*> arguments)
         else if (option == "--percent")
             options.percent = static_cast<unsigned>(std::strtoul(value.c_str(), nullptr, 10));
         else if (option == "--only")
-            options.only = "," + value + ",";
+            choose_figures(options, value);
         else if (option == "--json")
             options.json = value;
         else if (const std::size_t sign = value.find('='); option == "-D" && sign != std::string::npos)
@@ -386,8 +412,7 @@ int main(int argc, char** argv)
 
     Json json(options.json, options);
     for (const Figure& figure : kFigures) {
-        if (!options.only.empty() && options.only.find("," + std::string(figure.name) + ",") == std::string::npos)
-            continue;
+        if (!chosen(options, figure)) continue;
         const std::vector<Result> results = run(figure, programs, options.percent);
         print(figure, results);
         for (const Result& result : results) json.add(figure, result);
