@@ -227,7 +227,7 @@ int refuse_line(Session& slot, std::uint32_t message)
 
 int take_command(const ParseNode& node, Session& slot)
 {
-    slot.call.cmdId = static_cast<std::uint16_t>(gCliCmdTable[node.selected].cmdId);
+    slot.call.cmdId = static_cast<std::uint16_t>(command_row(static_cast<std::int32_t>(node.selected)).cmdId);
     return 1;
 }
 
