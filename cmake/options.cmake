@@ -9,6 +9,9 @@ if(ROUTER_WERROR)
     target_compile_options(router_options INTERFACE -Werror)
 endif()
 target_compile_definitions(router_options INTERFACE _GNU_SOURCE)
+if(CMAKE_SIZEOF_VOID_P EQUAL 4)  # it counts past 2038 and reads every file
+    target_compile_definitions(router_options INTERFACE _TIME_BITS=64 _FILE_OFFSET_BITS=64)
+endif()
 
 add_library(router_program_options INTERFACE)
 target_link_libraries(router_program_options INTERFACE router_options)
@@ -20,12 +23,33 @@ if(ROUTER_SANITIZE)
     target_link_options(router_options INTERFACE -fsanitize=address,undefined)
 endif()
 
+# What a target reaches is counted in all of our code; its main program comes when it is linked.
+if(ROUTER_FUZZ)
+    target_compile_options(router_options INTERFACE -fsanitize=fuzzer-no-link)
+    target_link_options(router_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
+set(pie_compile -fPIE)
+set(pie_link -pie)
+if(ROUTER_STATIC)
+    # Not every C library can start a static program at any address: MIPS has none that does.
+    include(CheckLinkerFlag)
+    check_linker_flag(CXX -static-pie ROUTER_HAS_STATIC_PIE)
+    set(pie_link -static-pie)
+    if(NOT ROUTER_HAS_STATIC_PIE)
+        set(pie_compile -fno-pie)
+        set(pie_link -static -no-pie)
+    endif()
+    target_compile_options(router_options INTERFACE ${pie_compile})
+    target_link_options(router_options INTERFACE ${pie_link})
+endif()
+
 if(ROUTER_HARDEN)
     target_compile_options(router_options INTERFACE
-        -fPIE -fstack-protector-strong -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2 -D_GLIBCXX_ASSERTIONS
+        ${pie_compile} -fstack-protector-strong -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2 -D_GLIBCXX_ASSERTIONS
         -ffunction-sections -fdata-sections)
     target_link_options(router_options INTERFACE
-        -pie -Wl,-z,relro,-z,now,-z,noexecstack -Wl,--gc-sections,--as-needed)
+        ${pie_link} -Wl,-z,relro,-z,now,-z,noexecstack -Wl,--gc-sections,--as-needed)
 endif()
 
 # A floor of the console or of the service: a static library named after its folder.

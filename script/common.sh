@@ -17,11 +17,13 @@ build_folder() {
     die "no folder to build in: neither $root/build nor your cache folder nor ${TMPDIR:-/tmp} can be written to"
 }
 
-# configure PRESET BUILD-FOLDER: the programs of a build find each other below its own folder.
+# configure PRESET BUILD-FOLDER [CMAKE-ARGUMENT...]: the programs of a build find each other below its own folder.
 configure() {
-    local log="$2/configure.log"
-    (cd "$root" && cmake --preset "$1" -B "$2" "-DROUTER_RUNTIME_DIR=$2/run" "-DROUTER_STATE_DIR=$2/state") \
-        >"$log" 2>&1 || { cat "$log" >&2; die "the build cannot be configured"; }
+    local preset=$1 folder=$2
+    shift 2
+    (cd "$root" && cmake --preset "$preset" -B "$folder" "-DROUTER_RUNTIME_DIR=$folder/run" \
+        "-DROUTER_STATE_DIR=$folder/state" "$@") >"$folder/configure.log" 2>&1 ||
+        { cat "$folder/configure.log" >&2; die "the build cannot be configured"; }
 }
 
 # build BUILD-FOLDER [TARGET...]: one moving line on a terminal, only what goes wrong elsewhere.

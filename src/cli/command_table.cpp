@@ -77,6 +77,7 @@ std::int32_t known_count(std::uint32_t count) { return count == 0 ? -1 : static_
 }  // namespace
 
 constinit std::array<CliCmdRow, 141> gCliCmdTable = kSorted;
+constinit const CliCmdRow* matchedRows = gCliCmdTable.data();
 
 void CliInitCommand(CliCmdRow* table, std::uint32_t* totalOut, std::uint32_t* visibleOut, std::uint32_t* hiddenOut)
 {

@@ -240,7 +240,7 @@ int parse_cmdline(Session& slot)
         SPrintMsg(message, kIncompleteCommand);
         return refuse_line(slot);
     }
-    slot.call.cmdId = static_cast<std::uint16_t>(gCliCmdTable[last->selected].cmdId);
+    slot.call.cmdId = static_cast<std::uint16_t>(command_row(static_cast<std::int32_t>(last->selected)).cmdId);
     return 1;
 }
 

@@ -129,6 +129,16 @@ void accept_word(EditContext& edit, ParmList& words, int term, Attempt& attempt,
     update.show(term);
 }
 
+// Every row that the words before allow is a candidate again.
+void widen_candidates(ParseNode& node)
+{
+    node.low = node.prev ? node.prev->low : 0;
+    node.high = node.prev ? node.prev->high : CliGetCmdCount() - 1;
+    node.selected = static_cast<std::uint32_t>(node.low);
+    const char* keyword = CliLookupKeyword(node.matchedToken);
+    if (!keyword || node.wordLength < std::strlen(keyword)) node.matchedToken = 0;
+}
+
 // After a blank behind a word that means nothing here: the keywords that begin so, or else all that may come, without
 // the word.
 void list_what_may_come(EditContext& edit, int term)
@@ -137,6 +147,7 @@ void list_what_may_come(EditContext& edit, int term)
         PrintMsg(term, kAmbiguousKeyword, edit.current->word);
         prn_msg(term, " use following keywords or parameters:\n");
         drop_word(edit);
+        widen_candidates(*edit.current);  // it may have begun as an offer, which is dropped with it
         help(edit, term);
     }
     put_char(term, '\n');
@@ -207,16 +218,6 @@ void return_to_word_before(EditContext& edit, ParmList& words)
     set_word(node, wordEnd - node.wordLength, node.wordLength);
 }
 
-// Every row that the words before allow is a candidate again.
-void widen_candidates(ParseNode& node)
-{
-    node.low = node.prev ? node.prev->low : 0;
-    node.high = node.prev ? node.prev->high : CliGetCmdCount() - 1;
-    node.selected = static_cast<std::uint32_t>(node.low);
-    const char* keyword = CliLookupKeyword(node.matchedToken);
-    if (!keyword || node.wordLength < std::strlen(keyword)) node.matchedToken = 0;
-}
-
 int refuse_line(Session& slot, std::uint32_t message)
 {
     PrintMsg(slot.term, message);
@@ -226,7 +227,7 @@ int refuse_line(Session& slot, std::uint32_t message)
 
 int take_command(const ParseNode& node, Session& slot)
 {
-    slot.call.cmdId = static_cast<std::uint16_t>(gCliCmdTable[node.selected].cmdId);
+    slot.call.cmdId = static_cast<std::uint16_t>(command_row(static_cast<std::int32_t>(node.selected)).cmdId);
     return 1;
 }
 

@@ -41,7 +41,9 @@ extern const std::array<CliParmRow, 41> gCliParmTable;
 extern std::array<CliCmdRow, 141> gCliCmdTable;
 extern const std::array<CliCmdDispRow, 170> gCliCmdDispTable;
 
-inline const CliCmdRow& command_row(std::int32_t index) { return gCliCmdTable[static_cast<std::size_t>(index)]; }
+// The rows that a line is matched with: gCliCmdTable, or a larger table where the matching itself is measured.
+extern const CliCmdRow* matchedRows;
+inline const CliCmdRow& command_row(std::int32_t index) { return matchedRows[index]; }
 
 // Sorts the keyword table by text in place, up to its end record, raises minLength where it is too small, stores the
 // number of records before the end record less one.

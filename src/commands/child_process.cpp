@@ -12,6 +12,7 @@
 
 #include "console/session.h"
 #include "console/terminal.h"
+#include "console/terminal_keys.h"
 
 namespace {
 constexpr int kCtrlC = 3;
@@ -42,7 +43,7 @@ int wait_for(pid_t child, int options = 0)
     return status;
 }
 
-// False once no further key can come.
+// Ctrl-C gives up what was typed ahead, too. False once no further key can come.
 bool take_key(bool& stop)
 {
     unsigned char key;
@@ -51,6 +52,10 @@ bool take_key(bool& stop)
     if (got <= 0) return false;
     alarm(timeout);
     stop = key == kCtrlC;
+    if (stop)
+        forget_kept_keys();
+    else
+        keep_key(key);
     return true;
 }
 
@@ -66,8 +71,10 @@ bool has_ended(int ended, int limit)
 // `ended`: a pipe that the child holds the other end of; it has no more holders once the child has ended.
 void watch(pid_t child, int ended)
 {
+    keep_keys_read_ahead();
     for (bool stop = false; !stop;) {
-        pollfd waits[] = {{STDIN_FILENO, POLLIN, 0}, {ended, POLLIN, 0}};
+        const int keys = has_room_for_key() ? STDIN_FILENO : -1;
+        pollfd waits[] = {{keys, POLLIN, 0}, {ended, POLLIN, 0}};
         if (poll(waits, 2, -1) < 0) {
             if (errno == EINTR) continue;
             break;

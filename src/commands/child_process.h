@@ -7,7 +7,7 @@ struct ChildEnd {
 };
 
 // Runs a program whose output goes to the terminal while the keys stay with the console: Ctrl-C, the end of the input
-// and a hang-up end it, other keys are dropped. Every key restarts the session's time-out.
+// and a hang-up end it, other keys wait until it has ended. Every key restarts the session's time-out.
 ChildEnd run_watched(const char* path, const char* const* words);
 
 // Gives the terminal, as it was found, to a program until that ends; the session's time-out rests meanwhile.

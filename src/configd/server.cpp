@@ -144,7 +144,7 @@ void Server::serve(Client& client)
         if (!receive(client)) return drop(client);
         if (client.received < kRecordSize) return;
         answer(client);
-        if (client.is_held(now)) return;
+        if (client.is_held(Clock::now())) return;
     }
     if (!send(client)) drop(client);
 }

@@ -6,6 +6,8 @@
 #include <termios.h>
 #include <unistd.h>
 
+#include "console/terminal_keys.h"
+
 int ttyRaw;
 
 namespace {
@@ -107,12 +109,13 @@ int get_char(int)
         if (keysTaken) retake_keys();
         ttyRaw = 1;
     }
-    show_output();
-    int c;
-    do {
+    int c = take_kept_key();
+    if (c == EOF) show_output();
+    while (c == EOF) {
         errno = 0;
         c = std::getc(stdin);
-    } while (c == EOF && interrupted());
+        if (c == EOF && !interrupted()) break;
+    }
     return c;
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <cstring>
+#include <ctime>
 #include <fcntl.h>
 #include <unistd.h>
 #include <utmp.h>
@@ -71,6 +72,14 @@ void write_utmp(const LoginEvent& login, const char* utmpPath, const char* wtmpP
     pututxline(&entry);
     endutxent();
     updwtmpx(wtmpPath, &entry);
+}
+
+void own_session(uid_t user)
+{
+    const int file = open("/proc/self/loginuid", O_WRONLY | O_CLOEXEC);
+    if (file < 0) return;
+    dprintf(file, "%u", static_cast<unsigned>(user));
+    close(file);
 }
 
 void update_lastlog(const LoginEvent& login, uid_t user, bool quiet, const char* path)

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <ctime>
 #include <sys/types.h>
 
 struct LoginEvent {
@@ -12,12 +11,16 @@ struct LoginEvent {
     const char* host;              // remote host, or null
     const unsigned char* address;  // its four bytes; first 0: not known
     pid_t pid;
-    std::time_t time;
+    std::int64_t time;
 };
 
 // Turns the entry that getty has left for this process or line into a user's, and appends it to wtmp. A file that
 // cannot be written is left alone.
 void write_utmp(const LoginEvent& login, const char* utmpPath, const char* wtmpPath);
+
+// Tells the kernel whose session this is. Without it last(1) takes the session for one that was lost. A kernel that
+// does not keep it is left alone.
+void own_session(uid_t user);
 
 // A record of the lastlog file, which stands there at the user id times its size.
 struct LastLogin {

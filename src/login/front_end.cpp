@@ -94,6 +94,7 @@ void record_login()
                            .address = hostaddress,
                            .pid = loginPid,
                            .time = std::time(nullptr)};
+    own_session(pwd->pw_uid);
     write_utmp(login, kUtmp, kWtmp);
     update_lastlog(login, pwd->pw_uid, quiet, kLastlog);
 }

@@ -1,14 +1,15 @@
 #include <gtest/gtest.h>
-#include <map>
 #include <random>
 #include <string>
 #include <vector>
 
 #include "cli/parse.h"
+#include "cli/sample_words.h"
 #include "cli/shortest_words.h"
 #include "cli/started_session.h"
 #include "cli/token.h"
 #include "console/messages.h"
+#include "support/golden.h"
 
 namespace {
 using enum Token;
@@ -148,60 +149,39 @@ TEST_F(Parse, AFullLineIsRecalledWithoutTheLastBlank)
     EXPECT_EQ(edit.current->position, 3u);
 }
 
-// What a parameter of each type may look like.
-std::string sample(Token type)
-{
-    static const std::map<Token, std::string> kSamples = {
-        {pmString30, "\"a name\""},
-        {pmString60, "\"60 characters\""},
-        {pmMACAddress, "00-11-22-33-44-55"},
-        {pmIPAddress, "192.168.1.2"},
-        {pmTCPUDPPort, "8080"},
-        {pmTimeout, "10"},
-        {pmLogLevel, "7"},
-        {pmReattempt, "30"},
-        {pmRetry, "5"},
-        {pmMACFilterMode, "grant"},
-        {pmDestIP, "10.0.0.0"},
-        {pmDestNetmask, "255.0.0.0"},
-        {pmGatewayAddress, "192.168.1.1"},
-        {pmDecInt, "42"},
-    };
-    const auto found = kSamples.find(type);
-    return found == kSamples.end() ? "x1" : found->second;
-}
-
-TEST_F(Parse, EveryCommandTypedInFullIsFound)
-{
-    for (std::int32_t i = 0; i < CliGetCmdCount(); ++i) {
-        std::string text;
-        for (std::uint32_t at = 0; const std::uint32_t token = token_at(command_row(i), at); ++at)
-            text += (is_keyword(token) ? CliLookupKeyword(token) : sample(static_cast<Token>(token))) + " ";
-        EXPECT_EQ(parse(text), 1) << text << screen;
-        EXPECT_EQ(slot.call.cmdId, command_row(i).cmdId) << text;
-        EXPECT_EQ(recall(text), 1);
-        EXPECT_EQ(line(), text);
-        EXPECT_EQ(command_row(edit.current->low).tokens, command_row(i).tokens);
-    }
-}
-
-// One letter less is taken for no command, unless it would leave no word.
+// One letter less is taken for no command, unless it would leave no word. Any mixture with whole words is the same row.
 TEST_F(Parse, EveryCommandIsFoundByItsShortestWordsAndByNothingShorter)
 {
+    std::string list;
     for (const CliCmdRow& row : command_rows::kRows) {
-        std::string text;
+        if (row.cmdId == kCommandEnd) break;
+        std::vector<std::string> whole, shortest;
+        std::string shown[2], before;
         for (std::size_t at = 0; row.tokens[at] != none; ++at) {
-            const std::string word = is_word(row.tokens[at]) ? shortest_word(row, at) : sample(row.tokens[at]);
-            if (is_word(row.tokens[at]) && word.size() > 1) {
-                EXPECT_EQ(parse(text + word.substr(0, word.size() - 1)), 0) << text << word;
-                EXPECT_NE(screen.find("ambiguous"), std::string::npos) << text << word << screen;
+            const bool keyword = is_word(row.tokens[at]);
+            whole.push_back(keyword ? keyword_text(row.tokens[at]) : sample_word(row.tokens[at]));
+            shortest.push_back(keyword ? shortest_word(row, at) : whole[at]);
+            shown[0] += ' ' + (keyword ? whole[at] : CliLookupParmDescription(number_of(row.tokens[at])));
+            shown[1] += ' ' + (keyword ? shortest[at] : "<>");
+            if (keyword && shortest[at].size() > 1) {
+                EXPECT_EQ(parse(before + shortest[at].substr(0, shortest[at].size() - 1)), 0) << before << whole[at];
+                EXPECT_NE(screen.find("ambiguous"), std::string::npos) << before << whole[at] << screen;
             }
-            text += word + " ";
+            before += shortest[at] + ' ';
         }
-        if (row.cmdId == kCommandEnd) continue;
-        EXPECT_EQ(parse(text), 1) << text << screen;
-        EXPECT_EQ(slot.call.cmdId, row.cmdId) << text;
+        for (unsigned mixture = 0; mixture >> whole.size() == 0; ++mixture) {
+            std::string text;
+            for (std::size_t at = 0; at < whole.size(); ++at) text += (mixture >> at & 1 ? shortest : whole)[at] + ' ';
+            EXPECT_EQ(parse(text), 1) << text << screen;
+            EXPECT_EQ(slot.call.cmdId, row.cmdId) << text;
+            EXPECT_EQ(gCliCmdTable[edit.current->prev->selected].tokens, row.tokens) << text;
+            EXPECT_EQ(recall(text), 1) << text;
+            EXPECT_EQ(line(), text);
+            EXPECT_EQ(gCliCmdTable[edit.current->selected].tokens, row.tokens) << text;
+        }
+        list += std::to_string(row.cmdId) + "\t" + shown[0].substr(1) + "\t" + shown[1].substr(1) + "\n";
     }
+    expect_golden("shortest_words.txt", list);
 }
 
 TEST_F(Parse, AnythingTypedIsTakenOrRefused)
@@ -211,7 +191,7 @@ TEST_F(Parse, AnythingTypedIsTakenOrRefused)
         switch (random() % 6) {
         case 0: return std::string(random() % 130, '"');
         case 1: return '"' + std::string(random() % 70, 'q') + (random() % 2 ? "\"" : " q");
-        case 2: return sample(static_cast<Token>(kParmFirst + random() % (kParmEnd - kParmFirst)));
+        case 2: return sample_word(static_cast<Token>(kParmFirst + random() % (kParmEnd - kParmFirst)));
         case 3: return std::string(1, static_cast<char>(1 + random() % 255));
         default: return CliLookupKeyword(static_cast<std::uint32_t>(1 + random() % (kKeywordEnd - 1)));
         }

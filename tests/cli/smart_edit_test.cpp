@@ -1,13 +1,8 @@
 #include <gtest/gtest.h>
-#include <random>
 
 #include "cli/line_edit.h"
 #include "cli/smart_edit.h"
-#include "cli/tables.h"
-#include "cli/token.h"
-#include "support/screen.h"
 #include "support/typing_session.h"
-#include "support/written.h"
 
 namespace {
 const std::string kPrompt = "Command> ";
@@ -115,102 +110,5 @@ TEST(SmartEditMemory, WithoutANodeLeftTheEditorIsInNormalMode)
     session.type("show<ctrl-x>");
     EXPECT_EQ(session.edit.editMode, kSmartEdit);
     EXPECT_EQ(session.line(), "show ");
-}
-
-// What must hold after every key in smart mode: the line is the typed words, the vector holds the values of those
-// behind which a blank stands, and the operator sees the line behind the prompt.
-class Invariant {
-public:
-    explicit Invariant(const TypingSession& typing) : session(typing) {}
-
-    void expect() const
-    {
-        ASSERT_EQ(session.edit.line.cursor, session.edit.line.length);
-        ASSERT_EQ(std::string(session.edit.line.text), session.line()) << "NUL-filled behind its end";
-        std::size_t at = 0;
-        Word values = 0;
-        ASSERT_NO_FATAL_FAILURE(expect_words(*session.edit.current, at, values));
-        ASSERT_EQ(at, session.line().size());
-        ASSERT_EQ(session.slot.call.parms.count, values);
-    }
-
-private:
-    // Walks the words up to `node`, the first one first; `at` ends behind the last of them.
-    void expect_words(const ParseNode& node, std::size_t& at, Word& values) const
-    {
-        if (node.prev) {
-            ASSERT_NO_FATAL_FAILURE(expect_words(*node.prev, at, values));
-            values += values_of(node.prev->matchedToken);
-            ASSERT_EQ(node.position, node.prev->position + 1);
-        } else {
-            ASSERT_EQ(node.position, 0u);
-        }
-        const std::string line = session.line();
-        if (const std::size_t word = line.find_first_not_of(' ', at); word != at) {
-            if (node.prev && at < line.size()) {
-                ASSERT_NE(word, at);
-            }
-            at = std::min(word, line.size());
-        }
-        std::string text = node.word;
-        if (text.size() + 2 == node.wordLength) text = '"' + text + '"';
-        ASSERT_EQ(text.size(), node.wordLength);
-        ASSERT_EQ(line.substr(at, text.size()), text);
-        at += text.size();
-    }
-    static Word values_of(std::uint32_t token)
-    {
-        if (token == number_of(Token::pmMACAddress)) return 2;
-        if (token == number_of(Token::pmDate)) return 3;
-        return token > kKeywordEnd ? 1 : 0;
-    }
-
-    const TypingSession& session;
-};
-
-TEST(SmartEditAtRandom, LineWordsValuesAndScreenStayInStep)
-{
-    // clang-format off
-    static const char* const kPieces[] = {
-        "sh", "set ", "s", "add ", "mac ", "filter ", "system ", "name ", "ip ", "dhcp ", "ping ", "1.2.3.4",
-        "\"a b\"", "\"", "lab ", "00-11-22-33-44-55 ", "<up>", "<tab>", "<tab>", "<down>", "<ctrl-p>",
-        "<ctrl-n>", "<ctrl-e>", "<ctrl-x>", " ", " ", " ", "?", "<backspace>", "<backspace>", "<left>",
-        "<ctrl-l>", "7", "x y", "show ", "server ", "contact ", "wwwwwwwwwwwwwwwww", "<enter>", "radius ",
-        "    ", "en ", "mode ", "community ", "string read ", "\"a\"b c", "port ", "telnet "};
-    // clang-format on
-    std::mt19937 random(7);
-    TypingSession session;
-    Screen screen(100000);
-    screen.feed(kPrompt);
-    int ran = 0;
-    session.action = [&ran](ActionBlock&) { ++ran; };
-    for (int i = 0; i < 10000; ++i) {
-        const char* piece = kPieces[random() % std::size(kPieces)];
-        screen.feed(as_sent(session.type(piece)));
-        ASSERT_NO_FATAL_FAILURE(Invariant(session).expect()) << "piece " << i << ": " << piece;
-        const std::string shown = Prompt[0] + session.line();
-        ASSERT_EQ(screen.column(), shown.size()) << "piece " << i << ": " << piece;
-        ASSERT_EQ(screen.line().substr(0, shown.size()), shown) << "piece " << i << ": " << piece;
-        ASSERT_EQ(screen.line().find_first_not_of(' ', shown.size()), std::string::npos);
-    }
-    EXPECT_GT(ran, 10);
-}
-
-TEST(BothModesAtRandom, NothingLeavesItsBounds)
-{
-    std::mt19937 random(11);
-    TypingSession session;
-    for (int i = 0; i < 10000; ++i) {
-        if (random() % 200 == 0) session.edit.editMode = kNormalEdit;
-        constexpr int kControl[] = {8, 9, 10, 12, 14, 16, 23, 24, -65, -66, -67, -68, -71, -79, -83, '"', ' ', ' '};
-        session.press(random() % 3 == 0 ? kControl[random() % std::size(kControl)]
-                                        : static_cast<int>(random() % 256) - 64);
-        const LineRecord& line = session.edit.line;
-        ASSERT_TRUE(line.length >= 0 && line.length <= kLineCapacity) << "key " << i;
-        ASSERT_EQ(line.text[kLineCapacity], '\0');
-        if (session.edit.editMode == kSmartEdit) {
-            ASSERT_NO_FATAL_FAILURE(Invariant(session).expect()) << "key " << i;
-        }
-    }
 }
 }  // namespace

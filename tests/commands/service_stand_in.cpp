@@ -1,13 +1,16 @@
 #include "commands/service_stand_in.h"
 
 #include <cstring>
+#include <memory>
 
 #include "platform/ipc_client.h"
 
 namespace {
 service_stand_in::Answer theAnswer;
 std::vector<ComParam> sent;
-std::string* response;
+// A new piece of memory of exactly its size each time, so that a use behind its end or after its release is seen.
+std::unique_ptr<unsigned char[]> response;
+std::size_t responseSize;
 }  // namespace
 
 namespace service_stand_in {
@@ -41,19 +44,20 @@ extern "C" std::uint32_t IPCServiceClient(const void* request, void** answer)
     if (const std::uint32_t failed = theAnswer ? theAnswer(record, table) : 0) return failed;
 
     record::attachedLength.set(record, static_cast<std::uint32_t>(table.size()));
-    record::attachedPosition.set(record, kRecordSize);
-    delete response;
-    response = new std::string(reinterpret_cast<const char*>(record.bytes), sizeof record.bytes);
-    *response += table;
-    *answer = response->data();
+    if (record::attachedPosition.get(record) == 0) record::attachedPosition.set(record, kRecordSize);
+    responseSize = kRecordSize + table.size();
+    response.reset(new unsigned char[responseSize]);
+    std::memcpy(response.get(), record.bytes, kRecordSize);
+    if (!table.empty()) std::memcpy(response.get() + kRecordSize, table.data(), table.size());
+    *answer = response.get();
     return 0;
 }
 
 extern "C" std::uint32_t IPCServiceDone(void*)
 {
-    delete response;
-    response = nullptr;
+    response.reset();
+    responseSize = 0;
     return 0;
 }
 
-extern "C" std::size_t IPCResponseSize(void) { return response ? response->size() : 0; }
+extern "C" std::size_t IPCResponseSize(void) { return responseSize; }

@@ -14,6 +14,8 @@ void play(Terminal& t)
     t.type("system\n");
     t.until("Command> ");
     t.type("set system name lab-ap\n");
+    t.until("System Name: lab-ap\nCommand> ");
+    t.type("save config\n");
     t.until("Command> ");
     t.type("logout\n");
     if (t.wait_exit() != 0) throw std::runtime_error("the console did not end as it should");

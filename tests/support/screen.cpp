@@ -4,6 +4,7 @@ void Screen::feed(std::string_view output)
 {
     for (const char c : output) {
         switch (c) {
+        case '\0': break;
         case '\a': ++bells_; break;
         case '\b': back(); break;
         case '\r': column_ = 0; break;

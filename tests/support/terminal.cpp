@@ -13,19 +13,32 @@
 namespace {
 constexpr int kLineDelay = 50;  // milliseconds; what an ended program printed last may still be on its way
 
-Process launch_console(int line, const TerminalOptions& options)
+std::vector<std::string> command_on(int line, const TerminalOptions& options)
 {
-    Launch launch{.command = {ROUTER_PROGRAMS "/login"},
+    static constexpr std::string_view kLine = "LINE", kDevices = "/dev/";
+    std::vector<std::string> words = options.command;
+    if (words.empty()) words.push_back(ROUTER_PROGRAMS "/login");
+    words.insert(words.end(), options.arguments.begin(), options.arguments.end());
+    const std::string name = ttyname(line);
+    for (std::string& word : words)
+        if (const std::size_t at = word.find(kLine); at != word.npos)
+            word.replace(at, kLine.size(), name.substr(kDevices.size()));
+    return words;
+}
+
+Process launch(int line, const TerminalOptions& options)
+{
+    Launch launch{.command = command_on(line, options),
                   .input = line,
                   .output = line,
                   .errors = line,
                   .ownTerminal = options.controlling};
-    launch.command.insert(launch.command.end(), options.arguments.begin(), options.arguments.end());
     return Process(launch);
 }
 }  // namespace
 
-Terminal::Terminal(const TerminalOptions& options) : screen_(options.columns ? options.columns : 80)
+Terminal::Terminal(const TerminalOptions& options)
+    : screen_(options.columns ? options.columns : 80), output_(options.output)
 {
     const winsize size{options.rows, options.columns, 0, 0};
     if (openpty(&line_, &other_, nullptr, nullptr, &size) != 0)
@@ -33,7 +46,7 @@ Terminal::Terminal(const TerminalOptions& options) : screen_(options.columns ? o
     for (const int end : {line_, other_}) fcntl(end, F_SETFD, FD_CLOEXEC);
     fcntl(line_, F_SETFL, O_NONBLOCK);
     found_ = attributes();
-    process_ = launch_console(other_, options);
+    process_ = launch(other_, options);
 }
 
 Terminal::~Terminal()
@@ -78,6 +91,22 @@ void Terminal::send(std::string_view bytes)
         if (waits[0].revents & POLLOUT) {
             const ssize_t put = write(line_, bytes.data(), std::min<std::size_t>(bytes.size(), 256));
             if (put > 0) bytes.remove_prefix(static_cast<std::size_t>(put));
+        }
+    }
+}
+
+void Terminal::send_paced(std::string_view bytes, int bytesPerSecond)
+{
+    constexpr Milliseconds kTick{10};
+    const auto begun = std::chrono::steady_clock::now();
+    for (std::size_t sent = 0; sent < bytes.size();) {
+        const std::chrono::duration<double> past = std::chrono::steady_clock::now() - begun;
+        const auto due = std::min(bytes.size(), static_cast<std::size_t>(past.count() * bytesPerSecond));
+        const ssize_t put = write(line_, bytes.data() + sent, due - sent);
+        if (put != static_cast<ssize_t>(due - sent)) give_up("all keys to be taken at their time");
+        sent = due;
+        const Deadline tick(kTick);
+        while (read_some(tick)) {
         }
     }
 }
@@ -145,8 +174,9 @@ bool Terminal::read_some(const Deadline& deadline)
     if (got <= 0) return false;
     const std::string_view output(bytes, static_cast<std::size_t>(got));
     screen_.feed(output);
+    if (output_) output_(output);
     for (const char c : output)
-        if (c != '\r') unread_ += c;
+        if (c != '\r' && c != '\0') unread_ += c;
     return true;
 }
 

@@ -8,6 +8,7 @@
 // Whatever is waited for has a deadline; a wait that fails throws and says what was seen instead.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <termios.h>
@@ -18,6 +19,8 @@
 
 struct TerminalOptions {
     std::vector<std::string> arguments{};  // of the console program
+    std::vector<std::string> command{};    // in its place; "LINE" in a word becomes the line's name below /dev
+    std::function<void(std::string_view)> output{};  // sees all that is printed, as it comes
     unsigned short rows = 24, columns = 80;
     bool controlling = true;  // false: losing the line is an end of input, without a hang-up signal
 };
@@ -34,6 +37,9 @@ public:
 
     void type(std::string_view keys);   // as a keyboard sends them: Enter, "\n" here, is a carriage return
     void send(std::string_view bytes);  // as they are; reads what comes meanwhile, so that it never blocks for good
+
+    // As a line of this speed brings them: what is due is sent whether or not anything is read at the other end.
+    void send_paced(std::string_view bytes, int bytesPerSecond);
 
     // Everything printed since the last `until`, up to and with `text`, without carriage returns.
     std::string until(std::string_view text, Milliseconds limit = kPatience);
@@ -57,5 +63,6 @@ private:
     termios found_{};
     std::string unread_;
     Screen screen_;
+    std::function<void(std::string_view)> output_;
     Process process_;
 };

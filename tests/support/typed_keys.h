@@ -14,6 +14,7 @@ inline constexpr NamedKey kNamedKeys[] = {
     {"<left>",   key::kLeft},   {"<right>",  key::kRight},  {"<up>",     key::kUp},     {"<down>",      key::kDown},
     {"<home>",   key::kHome},   {"<end>",    key::kEnd},    {"<delete>", key::kDelete}, {"<backspace>", key::kBackspace},
     {"<enter>",  key::kEnter},  {"<tab>",    key::kTab},    {"<ctrl-e>", key::kCtrlE},  {"<ctrl-l>",    key::kCtrlL},
+    {"<ctrl-c>", key::kCtrlC},
     {"<ctrl-n>", key::kCtrlN},  {"<ctrl-p>", key::kCtrlP},  {"<ctrl-w>", key::kCtrlW},  {"<ctrl-x>",    key::kCtrlX},
 };
 // clang-format on

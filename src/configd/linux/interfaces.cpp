@@ -45,11 +45,8 @@ bool is_wireless(const char* name)
 std::string_view driver_kind(const nlattr* linkInfo)
 {
     Attributes<IFLA_INFO_MAX> info;
-    if (!linkInfo || mnl_attr_parse_nested(linkInfo, info.keep, &info) < 0) return {};
-    const nlattr* kind = info.get(IFLA_INFO_KIND, MNL_TYPE_STRING);
-    if (!kind) return {};
-    const char* text = mnl_attr_get_str(kind);
-    return {text, strnlen(text, mnl_attr_get_payload_len(kind))};
+    if (!linkInfo || !info.parse(nla_data(linkInfo), static_cast<std::size_t>(nla_len(linkInfo)))) return {};
+    return info.text(IFLA_INFO_KIND);
 }
 
 Kind kind_of(unsigned short hardware, std::string_view driver, const char* name)
@@ -65,8 +62,7 @@ Counters counters_of(const nlattr* statistics)
 {
     rtnl_link_stats64 kernel{};
     if (statistics)  // an older kernel tells fewer of them
-        std::memcpy(&kernel, mnl_attr_get_payload(statistics),
-                    std::min<std::size_t>(mnl_attr_get_payload_len(statistics), sizeof kernel));
+        nla_memcpy(&kernel, statistics, sizeof kernel);
     return {.rxPackets = kernel.rx_packets,
             .rxBytes = kernel.rx_bytes,
             .rxErrors = kernel.rx_errors,
@@ -82,83 +78,70 @@ Counters counters_of(const nlattr* statistics)
 // The carrier itself where the kernel tells it: the flag follows it up to a second later.
 bool carries(const nlattr* carrier, unsigned int flags)
 {
-    return carrier ? mnl_attr_get_u8(carrier) != 0 : (flags & IFF_RUNNING) != 0;
+    return carrier ? nla_get_u8(carrier) != 0 : (flags & IFF_RUNNING) != 0;
 }
 
-int keep_interface(const nlmsghdr* message, void* data)
+void keep_interface(nlmsghdr* message, void* data)
 {
-    if (message->nlmsg_type != RTM_NEWLINK) return MNL_CB_OK;
-    const auto* head = static_cast<const ifinfomsg*>(mnl_nlmsg_get_payload(message));
+    const auto* head = static_cast<const ifinfomsg*>(nlmsg_data(message));
     Attributes<IFLA_MAX> attributes;
-    if (mnl_attr_parse(message, sizeof *head, attributes.keep, &attributes) < 0) return MNL_CB_OK;
-    const nlattr* name = attributes.get(IFLA_IFNAME, MNL_TYPE_NUL_STRING);
-    if (!name) return MNL_CB_OK;
+    if (message->nlmsg_type != RTM_NEWLINK || !attributes.parse(message, sizeof *head)) return;
+    const std::string_view name = attributes.text(IFLA_IFNAME);
+    if (name.empty() || name.size() >= sizeof(Interface::name)) return;
 
     Interface& interface = static_cast<std::vector<Interface>*>(data)->emplace_back();
-    std::snprintf(interface.name, sizeof interface.name, "%s", mnl_attr_get_str(name));
+    name.copy(interface.name, name.size());
     interface.index = static_cast<std::uint32_t>(head->ifi_index);
     interface.up = head->ifi_flags & IFF_UP;
-    interface.running = interface.up && carries(attributes.get(IFLA_CARRIER, MNL_TYPE_U8), head->ifi_flags);
+    interface.running =
+        interface.up && carries(attributes.at_least(IFLA_CARRIER, sizeof(std::uint8_t)), head->ifi_flags);
     interface.kind = kind_of(head->ifi_type, driver_kind(attributes.of[IFLA_LINKINFO]), interface.name);
     interface.mtu = attributes.u32(IFLA_MTU);
     interface.counters = counters_of(attributes.of[IFLA_STATS64]);
+    constexpr int kMacSize = 6;
     const nlattr* mac = attributes.of[IFLA_ADDRESS];
-    if (mac && mnl_attr_get_payload_len(mac) == interface.mac.size())
-        std::memcpy(interface.mac.data(), mnl_attr_get_payload(mac), interface.mac.size());
-    return MNL_CB_OK;
+    if (mac && nla_len(mac) == kMacSize) nla_memcpy(interface.mac.data(), mac, kMacSize);
 }
 
-int keep_primary_address(const nlmsghdr* message, void* data)
+void keep_primary_address(nlmsghdr* message, void* data)
 {
-    if (message->nlmsg_type != RTM_NEWADDR) return MNL_CB_OK;
-    const auto* head = static_cast<const ifaddrmsg*>(mnl_nlmsg_get_payload(message));
-    if (head->ifa_family != AF_INET || (head->ifa_flags & IFA_F_SECONDARY)) return MNL_CB_OK;
+    const auto* head = static_cast<const ifaddrmsg*>(nlmsg_data(message));
     Attributes<IFA_MAX> attributes;
-    if (mnl_attr_parse(message, sizeof *head, attributes.keep, &attributes) < 0) return MNL_CB_OK;
+    if (message->nlmsg_type != RTM_NEWADDR || !attributes.parse(message, sizeof *head)) return;
+    if (head->ifa_family != AF_INET || (head->ifa_flags & IFA_F_SECONDARY)) return;
 
     auto& addresses = *static_cast<std::vector<Address>*>(data);
     if (std::ranges::find(addresses, head->ifa_index, &Address::index) == addresses.end())
         addresses.push_back({head->ifa_index, ntohl(attributes.u32(IFA_LOCAL)), head->ifa_prefixlen});
-    return MNL_CB_OK;
 }
 
 int read_addresses(std::vector<Address>& addresses)
 {
-    alignas(nlmsghdr) char room[kRequestSize];
-    nlmsghdr* request = mnl_nlmsg_put_header(room);
-    request->nlmsg_type = RTM_GETADDR;
-    auto* head = static_cast<ifaddrmsg*>(mnl_nlmsg_put_extra_header(request, sizeof(ifaddrmsg)));
-    head->ifa_family = AF_INET;
-    return netlink_read(request, keep_primary_address, addresses);
+    ifaddrmsg head{};
+    head.ifa_family = AF_INET;
+    return netlink_read(Request(RTM_GETADDR, head), keep_primary_address, addresses);
 }
 
 // RTM_NEWADDR or RTM_DELADDR
-int change_address(std::uint16_t operation, const Address& address)
+int change_address(int operation, const Address& address)
 {
-    alignas(nlmsghdr) char room[kRequestSize];
-    nlmsghdr* request = mnl_nlmsg_put_header(room);
-    request->nlmsg_type = operation;
-    if (operation == RTM_NEWADDR) request->nlmsg_flags = NLM_F_CREATE | NLM_F_EXCL;
-    auto* head = static_cast<ifaddrmsg*>(mnl_nlmsg_put_extra_header(request, sizeof(ifaddrmsg)));
-    head->ifa_family = AF_INET;
-    head->ifa_index = address.index;
-    head->ifa_prefixlen = address.prefix;
-    mnl_attr_put_u32(request, IFA_LOCAL, htonl(address.address));
-    mnl_attr_put_u32(request, IFA_ADDRESS, htonl(address.address));
+    ifaddrmsg head{};
+    head.ifa_family = AF_INET;
+    head.ifa_index = address.index;
+    head.ifa_prefixlen = address.prefix;
+    Request request(operation, head, operation == RTM_NEWADDR ? NLM_F_CREATE | NLM_F_EXCL : 0);
+    request.put_u32(IFA_LOCAL, htonl(address.address));
+    request.put_u32(IFA_ADDRESS, htonl(address.address));
     if (operation == RTM_NEWADDR && address.prefix < 31)
-        mnl_attr_put_u32(request, IFA_BROADCAST, htonl(address.address | ~netmask_of(address.prefix)));
+        request.put_u32(IFA_BROADCAST, htonl(address.address | ~netmask_of(address.prefix)));
     return netlink_change(request);
 }
 }  // namespace
 
 int read_interfaces(std::vector<Interface>& table)
 {
-    alignas(nlmsghdr) char room[kRequestSize];
-    nlmsghdr* request = mnl_nlmsg_put_header(room);
-    request->nlmsg_type = RTM_GETLINK;
-    auto* head = static_cast<ifinfomsg*>(mnl_nlmsg_put_extra_header(request, sizeof(ifinfomsg)));
-    head->ifi_family = AF_UNSPEC;
-    if (const int error = netlink_read(request, keep_interface, table); error != 0) return error;
+    const ifinfomsg head{};  // AF_UNSPEC
+    if (const int error = netlink_read(Request(RTM_GETLINK, head), keep_interface, table); error != 0) return error;
 
     std::vector<Address> addresses;
     if (const int error = read_addresses(addresses); error != 0) {
@@ -200,15 +183,12 @@ int set_link_up(const char* name, bool up)
     const unsigned int index = if_nametoindex(name);
     if (index == 0) return ENODEV;
 
-    alignas(nlmsghdr) char room[kRequestSize];
-    nlmsghdr* request = mnl_nlmsg_put_header(room);
-    request->nlmsg_type = RTM_NEWLINK;
-    auto* head = static_cast<ifinfomsg*>(mnl_nlmsg_put_extra_header(request, sizeof(ifinfomsg)));
-    head->ifi_family = AF_UNSPEC;
-    head->ifi_index = static_cast<int>(index);
-    head->ifi_change = IFF_UP;
-    head->ifi_flags = up ? IFF_UP : 0;
-    return netlink_change(request);
+    ifinfomsg head{};
+    head.ifi_family = AF_UNSPEC;
+    head.ifi_index = static_cast<int>(index);
+    head.ifi_change = IFF_UP;
+    head.ifi_flags = up ? IFF_UP : 0;
+    return netlink_change(Request(RTM_NEWLINK, head));
 }
 
 const Interface* find_interface(const std::vector<Interface>& table, const char* name)

@@ -25,27 +25,25 @@ void keep_path(std::vector<KernelRoute>& routes, const KernelRoute& route)
 // A route of several paths: each path has its own interface and gateway.
 void keep_paths(std::vector<KernelRoute>& routes, KernelRoute route, const nlattr* paths)
 {
-    const auto* path = static_cast<const rtnexthop*>(mnl_attr_get_payload(paths));
-    int left = mnl_attr_get_payload_len(paths);
+    auto* path = static_cast<rtnexthop*>(nla_data(paths));
+    int left = nla_len(paths);
     for (; RTNH_OK(path, left); left -= RTNH_ALIGN(path->rtnh_len), path = RTNH_NEXT(path)) {
         Attributes<RTA_MAX> attributes;
-        const std::size_t length = path->rtnh_len - sizeof *path;
-        if (mnl_attr_parse_payload(path + 1, length, attributes.keep, &attributes) < 0) return;
+        if (!attributes.parse(path + 1, path->rtnh_len - sizeof *path)) return;
         route.index = static_cast<std::uint32_t>(path->rtnh_ifindex);
         route.gateway = ntohl(attributes.u32(RTA_GATEWAY));
         keep_path(routes, route);
     }
 }
 
-int keep_route(const nlmsghdr* message, void* data)
+void keep_route(nlmsghdr* message, void* data)
 {
-    if (message->nlmsg_type != RTM_NEWROUTE) return MNL_CB_OK;
-    const auto* head = static_cast<const rtmsg*>(mnl_nlmsg_get_payload(message));
-    if (head->rtm_family != AF_INET || head->rtm_type != RTN_UNICAST) return MNL_CB_OK;
+    const auto* head = static_cast<const rtmsg*>(nlmsg_data(message));
     Attributes<RTA_MAX> attributes;
-    if (mnl_attr_parse(message, sizeof *head, attributes.keep, &attributes) < 0) return MNL_CB_OK;
+    if (message->nlmsg_type != RTM_NEWROUTE || !attributes.parse(message, sizeof *head)) return;
+    if (head->rtm_family != AF_INET || head->rtm_type != RTN_UNICAST) return;
     const std::uint32_t table = attributes.of[RTA_TABLE] ? attributes.u32(RTA_TABLE) : head->rtm_table;
-    if (table != RT_TABLE_MAIN || (head->rtm_flags & RTM_F_CLONED)) return MNL_CB_OK;
+    if (table != RT_TABLE_MAIN || (head->rtm_flags & RTM_F_CLONED)) return;
 
     auto& routes = *static_cast<std::vector<KernelRoute>*>(data);
     const KernelRoute route{.destination = ntohl(attributes.u32(RTA_DST)),
@@ -58,33 +56,30 @@ int keep_route(const nlmsghdr* message, void* data)
         keep_paths(routes, route, attributes.of[RTA_MULTIPATH]);
     else
         keep_path(routes, route);
-    return MNL_CB_OK;
 }
 
-nlmsghdr* begin_request(void* room, std::uint16_t operation, rtmsg*& head)
+rtmsg main_table()
 {
-    nlmsghdr* request = mnl_nlmsg_put_header(room);
-    request->nlmsg_type = operation;
-    head = static_cast<rtmsg*>(mnl_nlmsg_put_extra_header(request, sizeof(rtmsg)));
-    head->rtm_family = AF_INET;
-    head->rtm_table = RT_TABLE_MAIN;
-    return request;
+    rtmsg head{};
+    head.rtm_family = AF_INET;
+    head.rtm_table = RT_TABLE_MAIN;
+    return head;
 }
 
-void put_route(nlmsghdr* request, rtmsg* head, const KernelRoute& route)
+int change_route(int operation, int flags, rtmsg head, const KernelRoute& route)
 {
-    head->rtm_dst_len = route.prefix;
-    if (route.prefix > 0) mnl_attr_put_u32(request, RTA_DST, htonl(route.destination));
-    if (route.gateway != 0) mnl_attr_put_u32(request, RTA_GATEWAY, htonl(route.gateway));
-    if (route.index != 0) mnl_attr_put_u32(request, RTA_OIF, route.index);
-    if (route.metric != 0) mnl_attr_put_u32(request, RTA_PRIORITY, route.metric);
+    head.rtm_dst_len = route.prefix;
+    Request request(operation, head, flags);
+    if (route.prefix > 0) request.put_u32(RTA_DST, htonl(route.destination));
+    if (route.gateway != 0) request.put_u32(RTA_GATEWAY, htonl(route.gateway));
+    if (route.index != 0) request.put_u32(RTA_OIF, route.index);
+    if (route.metric != 0) request.put_u32(RTA_PRIORITY, route.metric);
+    return netlink_change(request);
 }
 
 int read_kernel_routes(std::vector<KernelRoute>& routes)
 {
-    alignas(nlmsghdr) char room[kRequestSize];
-    rtmsg* head;
-    return netlink_read(begin_request(room, RTM_GETROUTE, head), keep_route, routes);
+    return netlink_read(Request(RTM_GETROUTE, main_table()), keep_route, routes);
 }
 
 // EINVAL and ENODEV as add_route promises.
@@ -141,15 +136,11 @@ int add_route(const Route& route)
     if (const int error = to_kernel(route, kernel); error != 0) return error;
     if (kernel.gateway == 0 && kernel.index == 0) return EINVAL;
 
-    alignas(nlmsghdr) char room[kRequestSize];
-    rtmsg* head;
-    nlmsghdr* request = begin_request(room, RTM_NEWROUTE, head);
-    request->nlmsg_flags = NLM_F_CREATE | NLM_F_EXCL;
-    head->rtm_type = RTN_UNICAST;
-    head->rtm_protocol = RTPROT_STATIC;
-    head->rtm_scope = kernel.gateway != 0 ? RT_SCOPE_UNIVERSE : RT_SCOPE_LINK;
-    put_route(request, head, kernel);
-    return netlink_change(request);
+    rtmsg head = main_table();
+    head.rtm_type = RTN_UNICAST;
+    head.rtm_protocol = RTPROT_STATIC;
+    head.rtm_scope = kernel.gateway != 0 ? RT_SCOPE_UNIVERSE : RT_SCOPE_LINK;
+    return change_route(RTM_NEWROUTE, NLM_F_CREATE | NLM_F_EXCL, head, kernel);
 }
 
 int delete_route(const Route& route)
@@ -164,12 +155,9 @@ int delete_route(const Route& route)
     const auto found = std::ranges::find_if(routes, free);
     if (found == routes.end()) return std::ranges::any_of(routes, fits) ? EPERM : ESRCH;
 
-    alignas(nlmsghdr) char room[kRequestSize];
-    rtmsg* head;
-    nlmsghdr* request = begin_request(room, RTM_DELROUTE, head);
-    head->rtm_protocol = found->protocol;
-    head->rtm_scope = RT_SCOPE_NOWHERE;  // any
-    put_route(request, head, *found);
-    return netlink_change(request);
+    rtmsg head = main_table();
+    head.rtm_protocol = found->protocol;
+    head.rtm_scope = RT_SCOPE_NOWHERE;  // any
+    return change_route(RTM_DELROUTE, 0, head, *found);
 }
 }  // namespace device

@@ -59,7 +59,8 @@ TEST(Profile, ShippedOnesLoad)
     std::string why;
     ASSERT_TRUE(load_profile(ROUTER_PROFILES "/access-point.json", profile, why)) << why;
     EXPECT_TRUE(profile.manageAddresses);
-    EXPECT_EQ(profile.timeZone, "/etc/localtime");
+    EXPECT_EQ(profile.timeZone, "/run/router-manager/localtime") << "a folder that the service may write";
+    EXPECT_EQ(profile.resolver, "/run/router-manager/resolv.conf");
     ASSERT_TRUE(load_profile(ROUTER_PROFILES "/development.json", profile, why)) << why;
     EXPECT_EQ(profile.restart, RestartMeans::kReload);
     EXPECT_EQ(profile.clock, ClockMeans::kOffset);
@@ -67,6 +68,27 @@ TEST(Profile, ShippedOnesLoad)
     EXPECT_FALSE(profile.manageAddresses);
     EXPECT_EQ(profile.radios.size(), 2u);
     for (const ProfileRadio& radio : profile.radios) EXPECT_EQ(radio.mac[0] & 3, 2) << "locally administered";
+}
+
+// What an administrator edits begins as what the service does without a file.
+TEST(Profile, InstalledOneIsTheBuiltInOne)
+{
+    const Profile builtIn = built_in_profile();
+    Profile profile;
+    std::string why;
+    ASSERT_TRUE(load_profile(ROUTER_PROFILES "/default.json", profile, why)) << why;
+    EXPECT_EQ(profile.description, builtIn.description);
+    EXPECT_EQ(profile.restart, builtIn.restart);
+    EXPECT_EQ(profile.clock, builtIn.clock);
+    EXPECT_EQ(profile.manageAddresses, builtIn.manageAddresses);
+    EXPECT_EQ(profile.bridge + profile.leases + profile.hostapd + profile.timeZone, "");
+    EXPECT_EQ(profile.resolver, builtIn.resolver);
+    const auto same = [](const ProfilePort& a, const ProfilePort& b) {
+        return a.interface == b.interface && a.name == b.name && a.role == b.role && a.kind == b.kind && a.mac == b.mac;
+    };
+    EXPECT_TRUE(std::ranges::equal(profile.ports, builtIn.ports, same));
+    ASSERT_EQ(profile.radios.size(), 1u);
+    EXPECT_EQ(profile.radios[0].interface, builtIn.radios[0].interface);
 }
 
 TEST(Profile, NoDamageToAFileHurts)
