@@ -73,7 +73,8 @@ private:
 
     void open_server()
     {
-        server_ = std::make_unique<Server>([this](const ComParam& request, Answer& answer) { serve(request, answer); });
+        server_ = std::make_unique<Server>(
+            [this](const ComParam& request, Answer& answer, const Asker&) { serve(request, answer); });
         holds(server_->listen(path_) == 0, "no socket");
         // One pass of the server's loop a turn: what it watches is always ready, and ends it.
         server_->watch(always_, [this] { eventfd_write(stop_, 1); });
