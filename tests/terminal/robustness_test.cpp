@@ -35,26 +35,6 @@ TEST(Robustness, ServiceAbsentAtTheStart)
     expect_clean_end(t);
 }
 
-TEST(Robustness, ServiceKilledBetweenCommands)
-{
-    Service service;
-    Terminal t;
-    t.log_in();
-    t.type("set system name kept\n");
-    t.until("System Name: kept\nCommand> ");
-
-    service.kill();
-    t.type("set system name lost\n");
-    EXPECT_EQ(t.until("Command> "), "set system name lost\n\aThe configuration service is not running\nCommand> ");
-    t.type("show system\n");
-    t.until("Command> ");
-
-    service.start();
-    t.type("show system\n");
-    EXPECT_TRUE(t.until("Command> ").starts_with("show system\n   System Name: kept "));
-    expect_clean_end(t);
-}
-
 TEST(Robustness, ServiceThatDoesNotAnswerIsGivenUp)
 {
     Service service;
@@ -177,19 +157,6 @@ TEST(Robustness, TakesACommandAfterAMebibyteOfNoise)
     t.send("\r\r");
     t.type("set system name quiet\n");
     t.until("System Name: quiet\n");
-    expect_clean_end(t);
-}
-
-TEST(Robustness, NoiseInThePlaceOfThePassword)
-{
-    Service service;
-    Terminal t;
-    t.until_password_asked();
-    t.send(noise(4096, "\n\r\x03"));  // one wrong password, not hundreds: the service answers each later than the last
-    t.send("[A\n");
-    t.until("Incorrect password.");
-    t.type("admin\n");
-    t.until("Welcome!", kPastTheServiceTimeout);
     expect_clean_end(t);
 }
 
