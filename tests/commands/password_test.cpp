@@ -87,15 +87,6 @@ TEST_F(ChangePassword, KeepsTheConfirmationQuestionSilentAfterARefusal)
     EXPECT_EQ(password, "abcdefgh") << "a leading part confirms";
 }
 
-TEST_F(ChangePassword, TreatsAServiceThatIsNotThereAsAWrongPassword)
-{
-    exchange = IPC_NOT_RUNNING;
-    enter();
-    EXPECT_EQ(answer("admin"), kCurrentQuestion);
-    EXPECT_TRUE(nothing_is_remembered());
-    EXPECT_EQ(check_password(0, "admin"), 0);
-}
-
 TEST(PasswordChecksum, IsTheUnreflectedCrcThatEndsUninverted)
 {
     EXPECT_EQ(encrypt_passwd(""), 0xFFFFFFFFu);
