@@ -171,6 +171,20 @@ std::string sample(Token type)
     return found == kSamples.end() ? "x1" : found->second;
 }
 
+TEST_F(Parse, EveryCommandTypedInFullIsFound)
+{
+    for (std::int32_t i = 0; i < CliGetCmdCount(); ++i) {
+        std::string text;
+        for (std::uint32_t at = 0; const std::uint32_t token = token_at(command_row(i), at); ++at)
+            text += (is_keyword(token) ? CliLookupKeyword(token) : sample(static_cast<Token>(token))) + " ";
+        EXPECT_EQ(parse(text), 1) << text << screen;
+        EXPECT_EQ(slot.call.cmdId, command_row(i).cmdId) << text;
+        EXPECT_EQ(recall(text), 1);
+        EXPECT_EQ(line(), text);
+        EXPECT_EQ(command_row(edit.current->low).tokens, command_row(i).tokens);
+    }
+}
+
 // One letter less is taken for no command, unless it would leave no word.
 TEST_F(Parse, EveryCommandIsFoundByItsShortestWordsAndByNothingShorter)
 {
