@@ -1,6 +1,7 @@
 // The operations of the service over a machine and a storage that a test describes.
 #pragma once
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <optional>
 #include <string_view>
@@ -51,6 +52,12 @@ protected:
     {
         const std::string_view record{reinterpret_cast<const char*>(answer.record.bytes), kRecordSize};
         return record.find(text) != record.npos;
+    }
+
+    bool payload_is_empty() const
+    {
+        const unsigned char* end = answer.record.bytes + record::kPayloadEnd;
+        return std::find_if(answer.record.bytes + record::kPayload, end, [](unsigned char b) { return b != 0; }) == end;
     }
 
     const Model model = model_of(areas());

@@ -16,11 +16,6 @@ protected:
     {
         return ask(code, password_record::password, password, password_record::newPassword, next);
     }
-    bool payload_is_empty() const
-    {
-        const auto* begin = answer.record.bytes + record::kPayload;
-        return std::all_of(begin, answer.record.bytes + record::kPayloadEnd, [](unsigned char b) { return b == 0; });
-    }
 };
 
 TEST_F(Operations, EachCodeHasOneRow)
@@ -75,8 +70,9 @@ TEST_F(Operations, AWriteThatCannotBeKeptIsRefused)
     storage.failAt = 1;
     storage.error = ENOSPC;
     EXPECT_EQ(ask(made), kStatusStorageFull);
-    ask(code::kReadManagement);
-    EXPECT_EQ(management_record::httpPort.get(answer.record), 80);
+    EXPECT_EQ(management_record::httpPort.get(to_write(code::kReadManagement, code::kWriteManagement)), 80);
+    storage.readOnly = true;
+    EXPECT_EQ(ask(to_write(code::kReadManagement, code::kWriteManagement)), kStatusOk) << "nothing changes";
 }
 
 TEST_F(Operations, TheRequestNamesItsSection)
