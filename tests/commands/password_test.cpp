@@ -11,9 +11,6 @@
 #include "support/written.h"
 
 namespace {
-constexpr std::uint32_t kAskConfirmation = 0x8002;
-constexpr char kRefused[] = " Error: Passwords are 6 - 15 characters\a\n";
-constexpr char kDiffers[] = " Error: The new and confirmed passwords do not match.\a\n";
 constexpr char kCurrentQuestion[] = " please enter old password: ";
 constexpr char kNewQuestion[] = " please enter new password: ";
 constexpr char kConfirmationQuestion[] = " please re-enter new password: ";
@@ -70,21 +67,6 @@ TEST_F(ChangePassword, ChangesItAndForgetsBoth)
               (std::vector<std::uint16_t>{code::kCheckPassword, code::kChangePassword}));
     EXPECT_TRUE(nothing_is_remembered());
     EXPECT_EQ(service_stand_in::unreleased(), 0);
-}
-
-TEST_F(ChangePassword, KeepsTheConfirmationQuestionSilentAfterARefusal)
-{
-    enter();
-    answer("admin");
-    EXPECT_EQ(answer("sixteen-letters!"), std::string(kRefused) + kNewQuestion);
-    answer("abcdefgh");
-    EXPECT_EQ(answer("abcdefgX"), kDiffers);
-    EXPECT_EQ(answer("abcdefghi"), kDiffers);
-    EXPECT_EQ(answer("sixteen-letters!"), kRefused);
-    EXPECT_EQ(call.stage, kAskConfirmation);
-    EXPECT_EQ(password, "admin");
-    answer("abcdef");
-    EXPECT_EQ(password, "abcdefgh") << "a leading part confirms";
 }
 
 TEST(PasswordChecksum, IsTheUnreflectedCrcThatEndsUninverted)

@@ -46,16 +46,6 @@ void prepare(MemoryStorage& storage)
     ASSERT_EQ(set_port(store, 3), kStatusOk);
 }
 
-TEST(Store, RunningSurvivesACrashAndSavedARestart)
-{
-    MemoryStorage storage;
-    EXPECT_EQ(port_of(started(storage)), 80);
-    prepare(storage);
-    EXPECT_EQ(port_of(started(storage)), 3);
-    EXPECT_EQ(port_of(restarted(storage)), 2);
-    EXPECT_TRUE(storage.files.contains(kPrevious));
-}
-
 // A write that fails says why; what then is on the disk, the tests of power cuts look at.
 TEST(Store, AFailureHasItsStatus)
 {
