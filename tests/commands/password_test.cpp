@@ -5,7 +5,6 @@
 
 #include "commands/password.h"
 #include "commands/service_stand_in.h"
-#include "platform/ipc_client.h"
 #include "service/client.h"
 #include "service/fields/password.h"
 #include "support/written.h"
@@ -21,12 +20,10 @@ protected:
     void SetUp() override
     {
         service_stand_in::reset([this](ComParam& record, std::string&) {
-            if (exchange) return exchange;
             const bool right = password_record::password.get(record) == password;
             if (right && record::code.get(record) == code::kChangePassword)
                 password = password_record::newPassword.get(record);
-            record::status.set(record, right ? changeStatus : std::uint32_t{kStatusWrongPassword});
-            if (record::code.get(record) == code::kCheckPassword && right) record::status.set(record, 0);
+            record::status.set(record, right ? 0 : std::uint32_t{kStatusWrongPassword});
             return std::uint32_t{0};
         });
         std::memset(&usrComParam, 0, sizeof usrComParam);
@@ -50,7 +47,6 @@ protected:
     }
 
     std::string password = "admin";
-    std::uint32_t exchange = 0, changeStatus = 0;
     ActionBlock call{};
 };
 

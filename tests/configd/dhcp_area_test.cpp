@@ -38,6 +38,7 @@ TEST_F(DhcpArea, TheDevicesServerIsHandedTheSettings)
     storage.error = ENOSPC;
     state.set(made, kEnabled);
     EXPECT_EQ(ask(made), kStatusStorageFull);
+    EXPECT_TRUE(payload_is_empty()) << "a refusal carries nothing";
     ask(code::kReadDhcpServer);
     EXPECT_EQ(state.get(answer.record), kDisabled);
 }
