@@ -69,7 +69,7 @@ TEST_F(Programs, PingIsToldWhatWasTyped)
 
 TEST_F(Programs, PingEndsWithCtrlCOrTheInput)
 {
-    const std::string go = "printf 'abc\\003' > " + keys_ + "\nwhile :; do :; done\n";
+    const std::string go = "printf 'abc\\003' > " + keys_ + "\nwhile :; do sleep 1 & wait; done\n";
     pingPrograms[0] = file("ping", "#!/bin/sh\ntrap 'echo summary; exit' INT\necho begun\n" + go);
     EXPECT_EQ(RunningAction(kPing).number(1).run(), "begun\n^C\nsummary\n");
     pingPrograms[0] = file("deaf", "#!/bin/sh\ntrap '' INT\n" + go);

@@ -14,6 +14,8 @@ constexpr Pair kPairs[] = {
     {code::kWriteNtpClient, code::kReadTime},
     {code::kWriteTime, code::kReadTime},
     {code::kWriteAddress, code::kReadAddress},
+    {code::kWriteOperationMode, code::kReadOperationMode},
+    {code::kWriteWirelessSettings, code::kReadWirelessSettings},
 };
 }  // namespace
 
@@ -37,14 +39,14 @@ std::uint32_t CommandSession::serve(ComParam& request, std::string& table)
         record::status.set(request, status->second);
         return 0;
     }
+    table = tables_[asked];
+    if (serve_otherwise(request)) return 0;
     const auto* pair = std::ranges::find(kPairs, asked, &Pair::write);
     if (pair != std::end(kPairs)) records_[pair->read] = request;
     if (const auto kept = records_.find(asked); kept != records_.end()) {
         request = kept->second;
-        record::kind.set(request, record::kRequest);
-        record::code.set(request, asked);
+        fill(request, record::kind, record::kRequest, record::code, asked);
     }
-    table = tables_[asked];
     return 0;
 }
 
@@ -56,7 +58,7 @@ std::string CommandSession::run(Action command, std::initializer_list<Word> word
     return written_by([this] { command_(call_, 0); });
 }
 
-std::string CommandSession::answer(const char* text)
+std::string CommandSession::answer(const std::string& text)
 {
     std::string typed = text;
     call_.parms.value[call_.parms.count] = reinterpret_cast<Word>(typed.data());
@@ -76,11 +78,20 @@ std::size_t CommandSession::sent(std::uint16_t code)
     return static_cast<std::size_t>(std::ranges::count(all, code));
 }
 
-ComParam bare_request(std::uint16_t code)
+testing::AssertionResult CommandSession::was_sent(const ComParam& wanted)
 {
-    ComParam request{};
-    record::kind.set(request, record::kRequest);
-    record::code.set(request, code);
+    const auto& all = service_stand_in::requests();
+    const auto found = std::find_if(all.rbegin(), all.rend(), [&](const ComParam& each) {
+        return record::code.get(each) == record::code.get(wanted);
+    });
+    if (found == all.rend()) return testing::AssertionFailure() << "no request " << record::code.get(wanted);
+    return same_record(*found, wanted);
+}
+
+ComParam carrying(std::uint16_t code, const std::string& entry)
+{
+    ComParam request = request_of(code);
+    std::memcpy(carried_entry(request), entry.data(), entry.size());
     return request;
 }
 

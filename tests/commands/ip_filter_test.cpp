@@ -1,38 +1,23 @@
-#include <gtest/gtest.h>
-#include <vector>
-
 #include "commands/command_session.h"
 #include "commands/interface_table.h"
-#include "commands/running_action.h"
 #include "service/fields/ip_filter.h"
 
 namespace {
-constexpr std::uint32_t kAdd = 145, kSet = 149;
+constexpr std::uint32_t kAdd = 145, kShowOne = 148, kSet = 149;
 
 using namespace ip_filter_entry;
 
-struct Ports {
+struct End {
+    std::uint32_t address, netmask;
     std::uint16_t first, last;
 };
 
-std::string filter_row(std::uint8_t number, std::uint32_t source, std::uint32_t sourceMask, Ports from,
-                       std::uint32_t destination, std::uint32_t destinationMask, Ports to)
+std::string filter_row(std::uint8_t number, const End& from, const End& to)
 {
-    std::string row(kSize, '\0');
-    auto* bytes = reinterpret_cast<unsigned char*>(row.data());
-    name.set(bytes, "f");
-    interface.set(bytes, "eth1");
-    direction.set(bytes, kInbound);
-    protocol.set(bytes, number);
-    sourceAddress.set(bytes, source);
-    sourceNetmask.set(bytes, sourceMask);
-    sourceFirst.set(bytes, from.first);
-    sourceLast.set(bytes, from.last);
-    destinationAddress.set(bytes, destination);
-    destinationNetmask.set(bytes, destinationMask);
-    destinationFirst.set(bytes, to.first);
-    destinationLast.set(bytes, to.last);
-    return row;
+    return row_of<kSize>(name, "f", interface, "eth1", direction, kInbound, protocol, number, sourceAddress,
+                         from.address, sourceNetmask, from.netmask, sourceFirst, from.first, sourceLast, from.last,
+                         destinationAddress, to.address, destinationNetmask, to.netmask, destinationFirst, to.first,
+                         destinationLast, to.last);
 }
 
 class IpFilter : public CommandSession {
@@ -43,7 +28,7 @@ protected:
         interface_entry::flags.set(reinterpret_cast<unsigned char*>(wan.data()), interface_entry::kWan);
         set_table(code::kReadPort, interface_row("eth0") + wan);
     }
-    std::string add(std::initializer_list<const char*> texts)
+    std::string add(const std::vector<const char*>& texts)
     {
         RunningAction action(kAdd);
         action.text("f").run();
@@ -57,45 +42,83 @@ protected:
 
 struct Case {
     const char* name;
-    std::initializer_list<const char*> answers;
+    std::vector<const char*> answers;
     std::string entry;
 };
 // clang-format off
 const Case kCases[] = {
-    {"Everything",  {"", "", "", "", ""},                                               filter_row(kAny, 0, 0, {}, 0, 0, {})},
-    {"OneHost",     {"eth1", "in", "icmp", "any", "s", "10.0.0.1"},                     filter_row(kIcmp, 0, 0, {}, 0x0A000001, 0xFFFFFFFF, {})},
-    {"Network",     {"", "", "ig", "n", "10.1.2.3", "255.255.0.0", ""},                 filter_row(kIgmp, 0x0A010000, 0xFFFF0000, {}, 0, 0, {})},
-    {"OnePort",     {"", "", "tcp", "", "", "s", "53", ""},                             filter_row(kTcp, 0, 0, {53, 53}, 0, 0, {})},
-    {"BothPorts",   {"", "", "udp", "", "", "r", "9", "8", "65535", "r", "1", "1"},     filter_row(kUdp, 0, 0, {9, 65535}, 0, 0, {1, 1})},
+    {"Everything", {"", "", "", "", ""},                                           filter_row(kAny,  {}, {})},
+    {"OneHost",    {"eth1", "in", "icmp", "any", "s", "10.0.0.1"},                 filter_row(kIcmp, {}, {0x0A000001, 0xFFFFFFFF, 0, 0})},
+    {"Network",    {"", "", "ig", "n", "10.1.2.3", "255.255.0.0", ""},             filter_row(kIgmp, {0x0A010000, 0xFFFF0000, 0, 0}, {})},
+    {"OnePort",    {"", "", "tcp", "", "", "s", "53", ""},                         filter_row(kTcp,  {0, 0, 53, 53}, {})},
+    {"BothPorts",  {"", "", "udp", "", "", "r", "9", "8", "65535", "r", "1", "1"}, filter_row(kUdp,  {0, 0, 9, 65535}, {0, 0, 1, 1})},
 };
 // clang-format on
 TEST_F(IpFilter, EveryAnswerReachesItsField)
 {
     for (const Case& each : kCases) {
-        service_stand_in::requests().clear();
         add(each.answers);
-        ComParam wanted = bare_request(code::kAddIpFilter);
-        std::memcpy(carried_entry(wanted), each.entry.data(), each.entry.size());
         EXPECT_EQ(stage, 0u) << each.name;
-        ASSERT_EQ(sent(code::kAddIpFilter), 1u) << each.name;
-        EXPECT_TRUE(same_record(service_stand_in::requests().end()[-2], wanted)) << each.name;
+        EXPECT_TRUE(was_sent(carrying(code::kAddIpFilter, each.entry))) << each.name;
     }
+    EXPECT_EQ(sent(code::kAddIpFilter), std::size(kCases));
+}
+
+struct RefusedCase {
+    std::vector<const char*> answers;
+    std::string printed;  // after the last of them
+};
+// clang-format off
+const std::string kAddressAgain = refusal("Invalid IP address", " enter ip address (Unspecified): ");
+const std::string kNetmaskAgain = refusal("IP netmask must be one bits followed by zero bits", " enter netmask (Unspecified): ");
+const RefusedCase kRefused[] = {
+    {{"eth9"},                                      refusal("Invalid interface", " enter interface name (eth1): ")},
+    {{"", "up"},                                    refusal("Direction must be inbound or outbound", " select direction (inbound, inbound/outbound): ")},
+    {{"", "", "i"},                                 refusal("Protocol must be any, tcp, udp, icmp or igmp", " select ip protocol (any, any/tcp/udp/icmp/igmp): ")},
+    {{"", "", "", "range"},                         refusal("Address must be any, single or network", " select source address (any, any/single/network): ")},
+    {{"", "", "", "s", ""},                         kAddressAgain},
+    {{"", "", "", "s", "256.1.1.1"},                kAddressAgain},
+    {{"", "", "", "n", "10.0.0.0", ""},             kNetmaskAgain},
+    {{"", "", "", "n", "10.0.0.0", "255.0.255.0"},  kNetmaskAgain},
+    {{"", "", "tcp", "", "", "network"},            refusal("Port must be any, single or range", " select source port (any, any/single/range): ")},
+    {{"", "", "tcp", "", "", "s", ""},              refusal("Port number should be 1 to 65535", " enter port number (0, 1-65535): ")},
+    {{"", "", "tcp", "", "", "s", "0"},             refusal("Invalid Entry: Private Port", " enter port number (0, 1-65535): ")},
+    {{"", "", "tcp", "", "", "r", "9", "8"},        refusal("Ending port should not be below the starting port", " enter ending port number (0, 1-65535): ")},
+};
+// clang-format on
+TEST_F(IpFilter, ARefusedAnswerBringsTheQuestionAgain)
+{
+    for (const RefusedCase& each : kRefused) {
+        EXPECT_EQ(add(each.answers), each.printed);
+        EXPECT_NE(stage, 0u) << each.printed;
+    }
+    EXPECT_EQ(sent(code::kAddIpFilter), 0u);
+}
+
+TEST_F(IpFilter, ShowsBothEndsOfAFilter)
+{
+    ip_filter_record::action.set(record(code::kReadIpFilter), ip_filter_record::kDeny);
+    set_table(code::kReadIpFilter, filter_row(kTcp, {0x0A010000, 0xFFFF0000, 0, 0}, {0x0A000001, 0xFFFFFFFF, 80, 90}));
+    EXPECT_EQ(RunningAction(kShowOne).text("eth1").run(),
+              " interface       default action\n eth1            deny (filters grant)\n"
+              " filter                         interface       direction protocol\n"
+              " f                              eth1            inbound   tcp\n"
+              "   source       10.1.0.0/255.255.0.0\n   destination  10.0.0.1 port 80-90\n");
 }
 
 TEST_F(IpFilter, TheDefaultActionIsAWord)
 {
-    constexpr char kRule[] = " Error: Default action must be grant, deny or disable\a\n";
     for (const char* word : {"", "d", "permit", "denying"})
-        EXPECT_EQ(RunningAction(kSet).text("eth1").text(word).run(), kRule) << word;
+        EXPECT_EQ(RunningAction(kSet).text("eth1").text(word).run(),
+                  refusal("Default action must be grant, deny or disable"));
     EXPECT_TRUE(codes().empty());
-    for (const auto& [word, action] :
-         {std::pair{"grant", ip_filter_record::kGrant}, {"disable", ip_filter_record::kDisable}}) {
-        service_stand_in::requests().clear();
+    for (const auto& [word, action] : {std::pair{"grant", ip_filter_record::kGrant},
+                                       {"DE", ip_filter_record::kDeny},
+                                       {"disable", ip_filter_record::kDisable}}) {
         RunningAction(kSet).text("eth1").text(word).run();
-        ComParam wanted = bare_request(code::kWriteIpFilter);
-        ip_filter_record::interface.set(wanted, "eth1");
-        ip_filter_record::action.set(wanted, action);
-        EXPECT_TRUE(same_record(service_stand_in::requests().front(), wanted)) << word;
+        EXPECT_TRUE(was_sent(
+            request_of(code::kWriteIpFilter, ip_filter_record::interface, "eth1", ip_filter_record::action, action)))
+            << word;
     }
 }
 }  // namespace

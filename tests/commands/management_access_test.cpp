@@ -1,104 +1,148 @@
 // Management access, UPnP, dynamic DNS and the ping allowance: what is asked, what is sent, what stands on the screen.
 #include "commands/command_session.h"
 #include "commands/handlers.h"
-#include "platform/ipc_client.h"
 #include "service/fields/ddns.h"
-#include "service/fields/interfaces.h"
 #include "service/fields/management.h"
 #include "service/fields/ping.h"
 
 namespace {
-constexpr std::uint32_t kFirstClient = 0x0A000001, kSecondClient = 0x0A000002;
+using namespace management_record;
 
-std::string refusal(const std::string& text, const std::string& question = "")
-{
-    return " Error: " + text + "\a\n" + question;
-}
+constexpr std::uint32_t kFirst = 0x0A000001, kSecond = 0x0A000002;
 
 class ManagementAccess : public CommandSession {
 protected:
     ManagementAccess()
     {
-        using namespace management_record;
-        httpPort.set(held(), 80);
-        httpTimeout.set(held(), 10);
-        telnetPort.set(held(), 23);
-        sessionTimeout.set(held(), 15);
-        remoteMode.set(held(), kRemoteDisabled);
+        fill(held(), httpPort, 80, httpTimeout, 10, telnetPort, 23, sessionTimeout, 15, remoteMode, kRemoteDisabled);
     }
     ComParam& held() { return record(code::kReadManagement); }
-
     // What was read, as it goes back with a change.
-    ComParam written()
+    template <class... Fields> ComParam written(const Fields&... fields)
     {
-        ComParam request = held();
-        record::kind.set(request, record::kRequest);
-        record::code.set(request, code::kWriteManagement);
-        return request;
+        return rewritten(code::kReadManagement, code::kWriteManagement, fields...);
+    }
+    void hold(std::uint8_t mode, std::uint32_t first, std::uint32_t second)
+    {
+        fill(held(), remoteMode, mode, remoteClient[0], first, remoteClient[1], second);
     }
 };
+
+TEST_F(ManagementAccess, TheHttpPortChangesOnlyAfterAYes)
+{
+    constexpr char kWarning[] = " warning: changing the port number will close existing sessions; do you want to "
+                                "continue(no, yes/no):";
+    constexpr char kUnchanged[] = "The HTTP port has not been changed.\n   HTTP port:   80          Timeout: 10 mins\n";
+    for (const auto& [word, screen] :
+         {std::pair{"", kUnchanged},
+          {"n", kUnchanged},
+          {"YES", " The HTTP port has been changed.\n   HTTP port:   65535       Timeout: 10 mins\n"}}) {
+        EXPECT_EQ(sent(code::kWriteManagement), 0u);
+        EXPECT_EQ(run(CliSetHttpPort, {65535}), kWarning);
+        EXPECT_EQ(stage(), 133u);
+        EXPECT_EQ(answer("maybe"), refusal("Action confirm word must be \"yes\" or \"no\"", kWarning));
+        EXPECT_EQ(answer(word), screen) << word;
+        EXPECT_FALSE(asking());
+    }
+    EXPECT_TRUE(was_sent(written(httpPort, 65535)));
+}
+
+TEST_F(ManagementAccess, HttpAndTelnetDoNotShareAPort)
+{
+    for (const auto& [command, taken] : {std::pair<Action, Word>{CliSetHttpPort, 23}, {CliSetTelnetPort, 80}}) {
+        EXPECT_EQ(run(command, {taken}), refusal("Port number is already in use"));
+        EXPECT_FALSE(asking());
+    }
+    EXPECT_EQ(sent(code::kWriteManagement), 0u);
+}
 
 TEST_F(ManagementAccess, TheOtherValuesGoStraightToTheService)
 {
-    EXPECT_EQ(run(CliSetHttpTimeout, {60}), "   HTTP port:   80          Timeout: 60 mins\n");
-    ComParam wanted = written();
-    management_record::httpTimeout.set(wanted, 60);
-    EXPECT_TRUE(same_record(last_request(), wanted));
+    struct {
+        Action command;
+        Word value;
+        const char* screen;
+        ComParam wanted;
+    } const kCases[] = {
+        {CliSetHttpTimeout, 60, "   HTTP port:   80          Timeout: 60 mins\n", written(httpTimeout, 60)},
+        {CliSetTelnetPort, 2323, " The telnet port has been changed.\n   Telnet port: 2323        Timeout: 15 mins\n",
+         written(telnetPort, 2323)},
+        {CliSetTelnetTimeout, 1,
+         "   Telnet port: 23          Timeout: 1 mins\nThe timeout will take effect at the next login.\n",
+         written(sessionTimeout, 1)},
+    };
+    for (const auto& c : kCases) {
+        EXPECT_EQ(run(c.command, {c.value}), c.screen);
+        EXPECT_TRUE(was_sent(c.wanted)) << c.screen;
+    }
+    refused[code::kWriteManagement] = kStatusPortInUse;
+    EXPECT_EQ(run(CliSetTelnetPort, {24}), "\aAnother service of this device has that port\n");
 }
 
-// Who may manage the device, as the dialogue leaves it.
-class RemoteManagement : public ManagementAccess {
-protected:
-    void hold(std::uint8_t mode, std::uint32_t first, std::uint32_t second)
-    {
-        management_record::remoteMode.set(held(), mode);
-        management_record::remoteClient[0].set(held(), first);
-        management_record::remoteClient[1].set(held(), second);
-    }
-};
-
-TEST_F(RemoteManagement, TheAnswersDecideWhoMayComeIn)
+TEST_F(ManagementAccess, TheAnswersDecideWhichClientsMayComeIn)
 {
-    using namespace management_record;
-    struct Case {
+    struct {
         const char* name;
         std::uint8_t mode;
         std::uint32_t first, second;
         std::initializer_list<const char*> answers;
         std::uint8_t newMode;
         std::uint32_t newFirst, newSecond;
+    } const kCases[] = {
+        // clang-format off
+        {"FromOneToTwo",  kRemoteOne,      kFirst, 0,       {"", "2", "", "10.0.0.2"}, kRemoteTwo,      kFirst, kSecond},
+        {"FromTwoToOne",  kRemoteTwo,      kFirst, kSecond, {"", "1", ""},             kRemoteOne,      kFirst, 0},
+        {"FromTwoToAll",  kRemoteTwo,      kFirst, kSecond, {"yes"},                   kRemoteAll,      0,      0},
+        {"StaysDisabled", kRemoteDisabled, 0,      0,       {"no", "1", "10.0.0.1"},   kRemoteDisabled, kFirst, 0},
+        // clang-format on
     };
-    const Case kCases[] = {
-        {"FromOneToTwo",
-         kRemoteOne,
-         kFirstClient,
-         0,
-         {"", "2", "", "10.0.0.2"},
-         kRemoteTwo,
-         kFirstClient,
-         kSecondClient},
-        {"StaysDisabled", kRemoteDisabled, 0, 0, {"no", "1", "10.0.0.1"}, kRemoteDisabled, kFirstClient, 0},
-    };
-    for (const Case& c : kCases) {
+    for (const auto& c : kCases) {
         hold(c.mode, c.first, c.second);
         run(CliSetRmtmgnt);
         answers(c.answers);
         EXPECT_FALSE(asking()) << c.name;
-        ComParam wanted = written();
-        remoteMode.set(wanted, c.newMode);
-        remoteClient[0].set(wanted, c.newFirst);
-        remoteClient[1].set(wanted, c.newSecond);
-        EXPECT_TRUE(same_record(last_request(), wanted)) << c.name;
+        EXPECT_TRUE(was_sent(written(remoteMode, c.newMode, remoteClient[0], c.newFirst, remoteClient[1], c.newSecond)))
+            << c.name;
     }
-}
-
-TEST_F(RemoteManagement, UnchangedAnswersWriteNothing)
-{
-    hold(management_record::kRemoteTwo, kFirstClient, kSecondClient);
+    const std::size_t written = sent(code::kWriteManagement);
+    hold(kRemoteTwo, kFirst, kSecond);
     run(CliSetRmtmgnt);
     answers({"", "", "", ""});
     EXPECT_FALSE(asking());
-    EXPECT_EQ(codes(), std::vector<std::uint16_t>{code::kReadManagement});
+    EXPECT_EQ(sent(code::kWriteManagement), written) << "nothing changed";
+}
+
+TEST_F(ManagementAccess, AsksAgainForWhatIsNoClient)
+{
+    const std::string count = " enter number of remote management clients (1, 1~2): ",
+                      first = " enter IP address of the remote management client 1 (Unspecified): ",
+                      second = " enter IP address of the remote management client 2 (Unspecified): ";
+    EXPECT_EQ(run(CliSetRmtmgnt), " allow all remote management client (yes, yes/no): ");
+    const std::pair<const char*, std::string> kAnswers[] = {
+        {"no", count},
+        {"3", refusal("Number of remote management clients should be 1 to 2", count)},
+        {"2", first},
+        {"", refusal("Remote management client must be an IP address", first)},
+        {"127.0.0.1", refusal("IP Address can not be the Loopback", first)},
+        {"224.0.0.9", refusal("IP address can not be a multicast address", first)},
+        {"10.0.0.1", second},
+        {"10.0.0.1", refusal("Entry already exists", second)},
+        {"10.0.0.2", "   Remote management:       disabled\n   Allowed client:          10.0.0.1\n"
+                     "   Allowed client:          10.0.0.2\n"},
+    };
+    for (const auto& [typed, printed] : kAnswers) EXPECT_EQ(answer(typed), printed) << typed;
+}
+
+TEST_F(ManagementAccess, EnablingBringsTheSameClientsBack)
+{
+    for (const auto& [first, second, mode] : {std::tuple{kFirst, kSecond, kRemoteTwo}, {0u, 0u, kRemoteAll}}) {
+        hold(kRemoteDisabled, first, second);
+        run(CliEnableRmtmgnt);
+        EXPECT_TRUE(was_sent(written(remoteMode, mode)));
+    }
+    hold(kRemoteOne, kFirst, 0);
+    EXPECT_EQ(run(CliDisableRmtmgnt), "   Remote management:       disabled\n   Allowed client:          10.0.0.1\n");
+    EXPECT_TRUE(was_sent(written(remoteMode, kRemoteDisabled)));
 }
 
 class Ddns : public CommandSession {
@@ -107,8 +151,7 @@ protected:
     static bool password_is_forgotten()
     {
         using ddns_record::password;
-        return password.length(usrComParam) == 0 && password.length(wizardParam) == 0 &&
-               password.length(oldWizardParam) == 0;
+        return password.length(usrComParam) + password.length(wizardParam) + password.length(oldWizardParam) == 0;
     }
 };
 
@@ -117,56 +160,43 @@ TEST_F(Ddns, AsksFourQuestionsAndForgetsThePassword)
     EXPECT_EQ(run(CliSetDdns), " enable DDNS (no, yes/no): ");
     const std::string askHostname = " enter hostname (Unspecified): ", askUsername = " enter username (Unspecified): ";
     EXPECT_EQ(answer("y"), askHostname);
-    EXPECT_EQ(answer(std::string(51, 'a').c_str()), refusal("Line length is too long.", askHostname));
+    EXPECT_EQ(answer(""), refusal("Hostname must not be empty", askHostname));
+    EXPECT_EQ(answer(std::string(51, 'a')), refusal("Line length is too long.", askHostname));
     EXPECT_EQ(answer("my_host"), askUsername);
+    EXPECT_EQ(answer(""), refusal("DDNS username must not be empty", askUsername));
     EXPECT_EQ(answer("fred"), " enter password (Unspecified): ");
     EXPECT_TRUE(stage() & kUnseenStage);
     answer("not-for-eyes");
     EXPECT_FALSE(asking());
-
-    EXPECT_EQ(ddns_record::enabled.get(last_request()), 1);
-    ComParam request = last_request();
-    EXPECT_STREQ(ddns_record::hostname.get(request), "my_host");
-    EXPECT_STREQ(ddns_record::username.get(request), "fred");
-    EXPECT_STREQ(ddns_record::password.get(request), "not-for-eyes");
+    using namespace ddns_record;
+    EXPECT_TRUE(was_sent(rewritten(code::kReadDdns, code::kWriteDdns, enabled, 1, hostname, "my_host", username, "fred",
+                                   password, "not-for-eyes")));
     EXPECT_TRUE(password_is_forgotten());
 }
 
 TEST_F(Ddns, AStoredPasswordIsStarsAndUnchangedAnswersWriteNothing)
 {
-    ddns_record::hostname.set(held(), "my_host");
-    ddns_record::passwordSet.set(held(), 1);
+    fill(held(), ddns_record::hostname, "my_host", ddns_record::passwordSet, 1);
     run(CliSetDdns);
     EXPECT_EQ(answers({"", "", ""}), " enter password (********): ");
     EXPECT_EQ(answer(""), "   DDNS:                    disabled\n   Hostname:                my_host\n"
                           "   Username:                Unspecified\n   Password:                ********\n");
     EXPECT_EQ(sent(code::kWriteDdns), 0u);
-}
 
-TEST_F(Ddns, APasswordIsForgottenWhenItIsRefusedToo)
-{
     refused[code::kWriteDdns] = kStatusStorageFull;
     run(CliSetDdns);
     EXPECT_EQ(answers({"", "", "", "not-for-eyes"}), "\aThe configuration could not be stored: no space is left\n");
     EXPECT_TRUE(password_is_forgotten());
 }
 
-class PingAllowance : public CommandSession {};
-
-TEST_F(PingAllowance, OneCodeReadsAndChanges)
+TEST_F(Ddns, OneCodeReadsAndChangesThePingAllowance)
 {
-    struct Case {
-        Action command;
-        std::uint8_t change;
-    };
-    const char name[] = "eth1";
-    for (const Case& c : {Case{CliShowPingParm, ping_record::kRead}, Case{CliEnablePing, ping_record::kAllow},
-                          Case{CliDisablePing, ping_record::kForbid}}) {
-        run(c.command, {reinterpret_cast<Word>(name)});
-        ComParam wanted = bare_request(code::kReadPingAllowance);
-        ping_record::interface.set(wanted, name);
-        ping_record::change.set(wanted, c.change);
-        EXPECT_TRUE(same_record(last_request(), wanted));
+    for (const auto& [command, change] : {std::pair<Action, ping_record::Change>{CliShowPingParm, ping_record::kRead},
+                                          {CliEnablePing, ping_record::kAllow},
+                                          {CliDisablePing, ping_record::kForbid}}) {
+        run(command, {text("eth1")});
+        EXPECT_TRUE(was_sent(
+            request_of(code::kReadPingAllowance, ping_record::interface, "eth1", ping_record::change, change)));
     }
 }
 }  // namespace

@@ -20,7 +20,7 @@ protected:
 TEST_F(Persistence, SaveSendsTheBareCode)
 {
     EXPECT_EQ(run(CliSaveConfig), "Save configure successfully!\r\n");
-    EXPECT_TRUE(same_record(last_request(), bare_request(code::kSaveConfiguration)));
+    EXPECT_TRUE(was_sent(request_of(code::kSaveConfiguration)));
 }
 
 TEST_F(Persistence, BothRestartingCommandsAskUntilYesOrNo)
@@ -44,9 +44,8 @@ TEST_F(Persistence, ClearThenRestart)
     refused[code::kRestart] = kStatusNotPermitted;
     run(CliClearConfig);
     EXPECT_EQ(answer("Yes"), "\nRebooting...\n");
-    EXPECT_EQ(codes(), (std::vector<std::uint16_t>{code::kClearConfiguration, code::kRestart}));
-    EXPECT_TRUE(same_record(service_stand_in::requests()[0], bare_request(code::kClearConfiguration)));
-    EXPECT_TRUE(same_record(service_stand_in::requests()[1], bare_request(code::kRestart)));
+    EXPECT_EQ(codes(), (Codes{code::kClearConfiguration, code::kRestart}));
+    for (const std::uint16_t code : codes()) EXPECT_TRUE(was_sent(request_of(code))) << code;
 
     exchangeFails[code::kClearConfiguration] = IPC_NOT_RUNNING;
     run(CliClearConfig);
@@ -58,7 +57,7 @@ TEST_F(Persistence, RestartReportsTheStatusWord)
 {
     run(CliRestSystem);
     EXPECT_EQ(answer("y"), "reboot...\r\n");
-    EXPECT_TRUE(same_record(last_request(), bare_request(code::kRestart)));
+    EXPECT_TRUE(same_record(last_request(), request_of(code::kRestart)));
     refused[code::kRestart] = kStatusNotPermitted;
     run(CliRestSystem);
     EXPECT_EQ(answer("y"), "reboot...\r\n\aThe configuration service is not allowed to do that on this device\n");

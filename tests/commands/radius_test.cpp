@@ -1,23 +1,18 @@
-#include <algorithm>
 #include <cstring>
-#include <gtest/gtest.h>
-#include <map>
 
-#include "commands/running_action.h"
-#include "commands/service_stand_in.h"
+#include "commands/command_session.h"
+#include "commands/radius.h"
 #include "platform/ipc_client.h"
-#include "service/client.h"
 #include "service/fields/address.h"
 #include "service/fields/radius.h"
 
 namespace {
 using namespace radius_record;
 
-constexpr std::uint32_t kAddPrimary = 3, kDisablePrimary = 22, kEnablePrimary = 31, kDisableMac = 58, kShowAll = 91;
-
+constexpr std::uint32_t kAddPrimary = 3, kDisablePrimary = 22, kEnablePrimary = 31, kSetReattempt = 55, kSetRetry = 56,
+                        kEnableMac = 57, kDisableMac = 58, kShowAll = 91;
 constexpr char kIpQuestion[] = " enter server IP (Unspecified): ",
-               kPortQuestion[] = " enter port number (1812, 1-65535): ";
-constexpr char kSecretQuestion[] = " enter shared secret: ",
+               kPortQuestion[] = " enter port number (1812, 1-65535): ", kSecretQuestion[] = " enter shared secret: ",
                kEnableQuestion[] = " enable primary server (yes, yes/no): ";
 
 // The service: two entries, each written whole; any request can be made to fail.
@@ -25,12 +20,8 @@ class RadiusCommands : public testing::Test {
 protected:
     RadiusCommands()
     {
-        for (const char* each : {"primary", "secondary"}) {
-            name.set(entries[each], each);
-            port.set(entries[each], 1812);
-            retries.set(entries[each], 2);
-            reattempt.set(entries[each], 60);
-        }
+        for (const char* each : {"primary", "secondary"})
+            fill(entries[each], name, each, port, 1812, retries, 2, reattempt, 60);
         service_stand_in::reset([this](ComParam& record, std::string&) {
             const auto asked = static_cast<std::uint16_t>(record::code.get(record));
             asks.push_back(std::to_string(asked));
@@ -51,21 +42,17 @@ protected:
     {
         if (asked == code::kReadRadius) record = entries.at(name.get(record));
         if (asked == code::kWriteRadius) entries.at(name.get(record)) = record;
-        if (asked == code::kWriteRadiusReattempt) minutes = reattempt.get(record);
-        if (asked == code::kReadAddress) {
-            address_record::address.set(record, 0xC0A80101);
-            address_record::netmask.set(record, 0xFFFFFF00);
-        }
+        if (asked == code::kReadAddress)
+            fill(record, address_record::address, 0xC0A80101, address_record::netmask, 0xFFFFFF00);
     }
-    std::string run(std::uint32_t cmdId)
+    std::string run(std::uint32_t cmdId, Word parm = 0)
     {
         asks.clear();
-        return RunningAction(cmdId).run();
+        return RunningAction(cmdId).number(parm).run();
     }
     static bool nothing_is_remembered()
     {
-        return std::ranges::all_of(std::initializer_list<const ComParam*>{&usrComParam, &wizardParam, &oldWizardParam},
-                                   [](const ComParam* record) { return secret.length(*record) == 0; });
+        return secret.length(usrComParam) + secret.length(wizardParam) + secret.length(oldWizardParam) == 0;
     }
 
     std::map<std::string, ComParam> entries;
@@ -73,7 +60,6 @@ protected:
     ComParam& secondary = entries["secondary"];
     std::map<std::string, std::uint32_t> refusals;  // by request; from IPC_NOT_RUNNING on the exchange fails
     std::vector<std::string> asks;                  // code and name of each request
-    std::uint16_t minutes = 0;
     RunningAction add{kAddPrimary};
 };
 
@@ -83,28 +69,24 @@ TEST_F(RadiusCommands, AddAsksWritesAppliesAndShows)
     EXPECT_EQ(add.answer("10.0.0.9"), kPortQuestion);
     EXPECT_EQ(add.answer(""), kSecretQuestion);
     EXPECT_EQ(add.answer("two words"), kEnableQuestion);
-    EXPECT_EQ(add.answer(""), "   RADIUS Server: primary\n"
-                              "   State: Enabled\n"
-                              "   Server IP: 10.0.0.9\n"
-                              "   Port Number: 1812\n"
-                              "   Shared Secret: two words\n");
+    EXPECT_EQ(add.answer(""), "   RADIUS Server: primary\n   State: Enabled\n   Server IP: 10.0.0.9\n"
+                              "   Port Number: 1812\n   Shared Secret: two words\n");
     EXPECT_EQ(asks, (std::vector<std::string>{"370 primary", "1805", "371 primary", "373 primary", "370 primary"}));
     EXPECT_TRUE(nothing_is_remembered());
 
     asks.clear();
     RunningAction same{kAddPrimary};
-    EXPECT_EQ(same.run(), " enter server IP (10.0.0.9): ");
-    EXPECT_EQ(same.answer(""), kPortQuestion);
-    same.answer("");
-    same.answer("two words");
-    EXPECT_EQ(same.answer("yes"), "") << "nothing changed";
-    EXPECT_EQ(asks, std::vector<std::string>{"370 primary"});
+    EXPECT_EQ(same.play({"", "", "two words", "yes"}),
+              std::string(" enter server IP (10.0.0.9): ") + kPortQuestion + kSecretQuestion + kEnableQuestion);
+    EXPECT_EQ(asks, std::vector<std::string>{"370 primary"}) << "nothing changed";
 }
 
 TEST_F(RadiusCommands, AddRefusesAnswers)
 {
     add.run();
+    EXPECT_EQ(add.answer("127.0.0.1"), " Error: IP Address can not be the Loopback\a\n" + std::string(kIpQuestion));
     add.answer("");
+    EXPECT_EQ(add.answer("65536"), " Error: Port number should be 1 to 65535\a\n" + std::string(kPortQuestion));
     EXPECT_EQ(add.answer("65535"), kSecretQuestion);
     EXPECT_EQ(add.answer(""), " Enter shared secret string length < 64 \r\n" + std::string(kSecretQuestion));
     EXPECT_EQ(add.answer(std::string(64, 's')),
@@ -113,6 +95,46 @@ TEST_F(RadiusCommands, AddRefusesAnswers)
     EXPECT_EQ(port.get(primary), 65535);
     EXPECT_EQ(secret.length(primary), 0u) << "the secret that was too long is not stored";
     EXPECT_EQ(enabled.get(primary), 0);
+}
+
+TEST_F(RadiusCommands, EntriesAreEnabledDisabledAndDeleted)
+{
+    struct {
+        std::uint32_t enable, disable, remove;
+        std::string name, title;
+    } const kEntries[] = {{31, 22, 15, "primary", "Primary"}, {32, 23, 16, "secondary", "Secondary"}};
+    for (const auto& c : kEntries) {
+        const std::vector<std::string> wanted{"370 " + c.name, "371 " + c.name, "373 " + c.name};
+        EXPECT_EQ(run(c.enable), c.title + " radius server is enabled.\n");
+        EXPECT_EQ(asks, wanted);
+        EXPECT_EQ(enabled.get(entries[c.name]), 1);
+        EXPECT_EQ(run(c.disable), c.title + " radius server is disabled.\n");
+        EXPECT_EQ(asks, wanted);
+        EXPECT_EQ(enabled.get(entries[c.name]), 0);
+        EXPECT_EQ(run(c.remove), c.name + " radius server is deleted\r\n ");
+        EXPECT_EQ(asks, std::vector<std::string>{"375 " + c.name});
+    }
+}
+
+TEST_F(RadiusCommands, WhatHoldsForBoth)
+{
+    EXPECT_EQ(run(kSetRetry, 3), "Radius server reattempt is 3 times.\n");
+    EXPECT_EQ(asks, (std::vector<std::string>{"370 primary", "370 secondary", "371 primary", "371 secondary"}));
+    for (const int on : {1, 0}) {
+        EXPECT_EQ(run(on ? kEnableMac : kDisableMac),
+                  std::string("RADIUS MAC access control is ") + (on ? "enabled\n" : "disable\n"));
+        for (const ComParam* each : {&primary, &secondary}) {
+            EXPECT_EQ(macControl.get(*each), on);
+            EXPECT_EQ(retries.get(*each), 3);
+        }
+    }
+    EXPECT_EQ(run(kSetReattempt, 60), "Radius server reattempt is 60 minutes.\n");
+    EXPECT_EQ(asks, std::vector<std::string>{"372"});
+    for (const auto& [command, value] :
+         {std::pair{kSetRetry, 0u}, {kSetRetry, 6u}, {kSetReattempt, 4u}, {kSetReattempt, 61u}}) {
+        EXPECT_TRUE(run(command, value).starts_with("Radius server reattempt should be between ")) << value;
+        EXPECT_TRUE(asks.empty()) << value;
+    }
 }
 
 // Which failure is examined, and what is asked all the same.
@@ -128,12 +150,14 @@ constexpr char kRefused[] = "\aA wireless or RADIUS setting is not acceptable\n"
 constexpr char kSilent[] = "\aThe configuration service does not answer\n";
 // clang-format off
 constexpr FailureCase kFailures[] = {
-    {"EnableRead",       kEnablePrimary,  "370 primary",   kStatusValueRefused, kRefused,                               1},
-    {"DisableRead",      kDisablePrimary, "370 primary",   IPC_NO_ANSWER,       "\aThe configuration service does not answer\nPrimary radius server is disabled.\n", 3},
-    {"DisableWrite",     kDisablePrimary, "371 primary",   IPC_NO_ANSWER,       "Primary radius server is disabled.\n", 3},
-    {"DisableApply",     kDisablePrimary, "373 primary",   IPC_NO_ANSWER,       kSilent,                                3},
-    {"MacOffSecond",     kDisableMac,     "371 secondary", kStatusValueRefused, "RADIUS MAC access control is disable\n", 4},
-    {"ShowAllSecond",    kShowAll,        "370 secondary", kStatusValueRefused, "\aThe request failed, no reason was given\n", 2},
+    {"EnableRead",    kEnablePrimary,  "370 primary",   kStatusValueRefused, kRefused,                               1},
+    {"EnableApply",   kEnablePrimary,  "373 primary",   kStatusValueRefused, kRefused,                               3},
+    {"DisableRead",   kDisablePrimary, "370 primary",   IPC_NO_ANSWER,       "\aThe configuration service does not answer\nPrimary radius server is disabled.\n", 3},
+    {"DisableWrite",  kDisablePrimary, "371 primary",   IPC_NO_ANSWER,       "Primary radius server is disabled.\n", 3},
+    {"DisableApply",  kDisablePrimary, "373 primary",   IPC_NO_ANSWER,       kSilent,                                3},
+    {"MacOnSecond",   kEnableMac,      "371 secondary", kStatusValueRefused, kRefused,                               4},
+    {"MacOffSecond",  kDisableMac,     "371 secondary", kStatusValueRefused, "RADIUS MAC access control is disable\n", 4},
+    {"ShowAllSecond", kShowAll,        "370 secondary", kStatusValueRefused, "\aThe request failed, no reason was given\n", 2},
 };
 // clang-format on
 TEST_F(RadiusCommands, Failures)

@@ -9,8 +9,6 @@
 #include "service/fields/system.h"
 
 namespace {
-Word text_word(const char* text) { return reinterpret_cast<Word>(text); }
-
 class Snmp : public CommandSession {
 protected:
     Snmp() { snmp_record::readCommunity.set(held(), "public"); }
@@ -19,11 +17,8 @@ protected:
 
 TEST_F(Snmp, TheWriteCommunityIsToldOnceAndNeverShown)
 {
-    run(CliSetComStrWrite, {text_word("fifteen-letters")});
-    ComParam request = last_request();
-    EXPECT_EQ(record::code.get(request), code::kWriteSnmp);
-    EXPECT_STREQ(snmp_record::writeCommunity.get(request), "fifteen-letters");
-    EXPECT_STREQ(snmp_record::readCommunity.get(request), "public");
+    run(CliSetComStrWrite, {text("fifteen-letters")});
+    EXPECT_TRUE(was_sent(rewritten(code::kReadSnmp, code::kWriteSnmp, snmp_record::writeCommunity, "fifteen-letters")));
     EXPECT_EQ(snmp_record::writeCommunity.length(usrComParam), 0u);
 }
 
@@ -42,12 +37,10 @@ TEST_F(Snmp, TrapManagersAreAddedSwitchedAndDeletedByName)
         {CliDisableTrapMgr, code::kEnableTrapManager, 0, 0, "Trap manager office is disabled.\n"},
     };
     for (const Case& c : kCases) {
-        EXPECT_EQ(run(c.command, {text_word("office"), 0xC0A80105}), c.screen);
-        ComParam wanted = bare_request(c.code);
-        trap_manager_request::name.set(wanted, "office");
-        trap_manager_request::enabled.set(wanted, c.enabled);
-        trap_manager_request::address.set(wanted, c.address);
-        EXPECT_TRUE(same_record(last_request(), wanted)) << c.screen;
+        EXPECT_EQ(run(c.command, {text("office"), 0xC0A80105}), c.screen);
+        EXPECT_TRUE(was_sent(request_of(c.code, trap_manager_request::name, "office", trap_manager_request::enabled,
+                                        c.enabled, trap_manager_request::address, c.address)))
+            << c.screen;
     }
 }
 
@@ -55,8 +48,7 @@ class SnmpStatistics : public Snmp {
 protected:
     SnmpStatistics()
     {
-        system_record::name.set(record(code::kReadSystem), "router");
-        system_record::upTime.set(record(code::kReadSystem), 90061);
+        fill(record(code::kReadSystem), system_record::name, "router", system_record::upTime, 90061);
         path_ = testing::TempDir() + "snmp-statistics-" + std::to_string(getpid());
         snmpStatisticsPath = path_.c_str();
     }
@@ -90,12 +82,10 @@ TEST_F(SnmpStatistics, PairsTheKernelsNamesAndValues)
 
 TEST_F(SnmpStatistics, ShowsWhatThereIsOfADamagedFile)
 {
-    EXPECT_EQ(shown(""), "");
     EXPECT_EQ(shown("Ip: A B C\nIp: 1\n"), "\n   Ip\n     A                            1\n");
-    EXPECT_EQ(shown("Ip: A\n"), "");
-    EXPECT_EQ(shown("Ip: A\nTcp: 1\n"), "");
-    EXPECT_EQ(shown("\n\n"), "");
-    EXPECT_EQ(shown("Ip: " + std::string(5000, 'x') + "\nIp: 1\n"), "");
+    for (const std::string& damaged : {std::string(), std::string("Ip: A\n"), std::string("Ip: A\nTcp: 1\n"),
+                                       std::string("\n\n"), "Ip: " + std::string(5000, 'x') + "\nIp: 1\n"})
+        EXPECT_EQ(shown(damaged), "") << damaged;
     snmpStatisticsPath = "/no/such/file";
     EXPECT_EQ(run(CliShowSnmpStat).substr(65), "Can't open /no/such/file\n");
 }

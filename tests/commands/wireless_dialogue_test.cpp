@@ -1,10 +1,6 @@
 #include <algorithm>
-#include <cstring>
-#include <gtest/gtest.h>
 
-#include "commands/running_action.h"
-#include "commands/service_stand_in.h"
-#include "service/client.h"
+#include "commands/command_session.h"
 #include "service/fields/wireless_settings.h"
 #include "values/wep_key.h"
 
@@ -13,28 +9,12 @@ using namespace wireless_record;
 
 constexpr std::uint32_t kSetPortWlan = 53;
 
-class WirelessDialogue : public testing::Test {
+class WirelessDialogue : public CommandSession {
 protected:
     WirelessDialogue()
     {
-        networkName.set(stored, "office");
-        domain.set(stored, wireless_record::kFcc);
-        channel.set(stored, 6);
-        keyLength.set(stored, k64Bit);
-        beaconInterval.set(stored, 100);
-        rtsThreshold.set(stored, 2347);
-        fragmentThreshold.set(stored, 2346);
-        dtimInterval.set(stored, 1);
-        service_stand_in::reset([this](ComParam& record, std::string&) {
-            const bool isRead = record::code.get(record) == code::kReadWirelessSettings;
-            if (isRead)
-                record = stored;
-            else
-                stored = record;
-            record::status.set(record, 0);
-            return std::uint32_t{0};
-        });
-        std::memset(&usrComParam, 0, sizeof usrComParam);
+        fill(stored, networkName, "office", domain, wireless_record::kFcc, channel, 6, keyLength, k64Bit,
+             beaconInterval, 100, rtsThreshold, 2347, fragmentThreshold, 2346, dtimInterval, 1);
     }
 
     std::string text_of(const TextField& field) { return field.get(stored); }
@@ -52,7 +32,7 @@ protected:
                                    });
     }
 
-    ComParam stored{};
+    ComParam& stored = record(code::kReadWirelessSettings);
     RunningAction action{kSetPortWlan};
 };
 
@@ -69,22 +49,16 @@ TEST_F(WirelessDialogue, EmptyAnswersWriteNothing)
               " enter beacon interval (mini-seconds) (100, 1-1000): "
               " enter DTIM interval (1, 1-65535): ");
     EXPECT_EQ(action.call.stage, 0u);
-    EXPECT_EQ(service_stand_in::codes_sent(), (std::vector<std::uint16_t>{code::kReadWirelessSettings}));
-    EXPECT_EQ(service_stand_in::unreleased(), 0);
+    EXPECT_EQ(codes(), Codes{code::kReadWirelessSettings});
 }
 
 TEST_F(WirelessDialogue, StoresWhatIsAnswered)
 {
+    const ComParam wanted = rewritten(code::kReadWirelessSettings, code::kWriteWirelessSettings, networkName,
+                                      "two words", hidden, 1, domain, wireless_record::kJapan, channel, 14, keyIndex, 0,
+                                      rtsThreshold, 0, fragmentThreshold, 256, beaconInterval, 20, dtimInterval, 255);
     action.play({"two words", "Y", "ja", "14", "n", "0", "256", "20", "255"});
-    EXPECT_EQ(text_of(networkName), "two words");
-    EXPECT_EQ(hidden.get(stored), 1);
-    EXPECT_EQ(domain.get(stored), wireless_record::kJapan);
-    EXPECT_EQ(channel.get(stored), 14);
-    EXPECT_EQ(keyIndex.get(stored), 0);
-    EXPECT_EQ(rtsThreshold.get(stored), 0u);
-    EXPECT_EQ(fragmentThreshold.get(stored), 256u);
-    EXPECT_EQ(beaconInterval.get(stored), 20u);
-    EXPECT_EQ(dtimInterval.get(stored), 255u);
+    EXPECT_TRUE(was_sent(wanted));
 }
 
 struct DomainCase {
@@ -103,15 +77,14 @@ constexpr DomainCase kDomains[] = {
 TEST_F(WirelessDialogue, TheDomainDecidesTheChannels)
 {
     for (const DomainCase& c : kDomains) {
-        domain.set(stored, c.code);
-        channel.set(stored, 6);
+        fill(stored, domain, c.code, channel, 6);
         RunningAction each{kSetPortWlan};
         const std::string question = std::string(" enter channel number (6, ") + c.range + "): ";
         const std::string shown = std::string(" select regulatory domain (") + c.shown;
         EXPECT_NE(each.play({"", ""}).find(shown), std::string::npos) << c.name;
         EXPECT_EQ(each.answer(""), question) << c.name;
         EXPECT_EQ(each.answer(c.refused),
-                  " Error: Channel number should follow the range in the selected domain\a\n" + question)
+                  refusal("Channel number should follow the range in the selected domain", question))
             << c.name;
         EXPECT_EQ(each.answer(c.taken), " enable WEP encryption (no, yes/no): ") << c.name;
         for (int i = 0; i < 5; i++) each.answer("");
@@ -131,7 +104,6 @@ TEST_F(WirelessDialogue, YesToWepMakesKeyOneActive)
     EXPECT_EQ(text_of(key[2]), "sixteen letters!");
     EXPECT_EQ(keyType[0].get(stored), k64Bit);
     EXPECT_EQ(keyType[1].get(stored), 0) << "its key was not typed";
-
     EXPECT_TRUE(nothing_is_remembered());
 }
 
@@ -146,12 +118,9 @@ TEST_F(WirelessDialogue, AnyAcceptedLengthGivesFourShortKeys)
         RunningAction each{kSetPortWlan};
         each.play({"", "", "", "", "yes"});
         EXPECT_EQ(each.answer("152"),
-                  " Error: WEP key length should be 40 or 128\a\n select WEP key length (128, 64/128/152): ");
+                  refusal("WEP key length should be 40 or 128", " select WEP key length (128, 64/128/152): "));
         each.answer(length);
-        EXPECT_EQ(each.answer("yes"), std::string(" enter Passphrase (") +
-                                          (passphrase.length(stored) ? passphrase.get(stored) : "Unspecified") + "): ");
-        each.answer("secret");
-        for (int i = 0; i < 5; i++) each.answer("");
+        for (const char* text : {"yes", "secret", "", "", "", "", ""}) each.answer(text);
         EXPECT_EQ(keyLength.get(stored), k64Bit) << length;
         for (unsigned n = 0; n < kWepKeys; n++) {
             EXPECT_EQ(keyType[n].get(stored), wireless_record::kHex64) << length << n;
@@ -164,8 +133,7 @@ TEST_F(WirelessDialogue, AnyAcceptedLengthGivesFourShortKeys)
 
 TEST_F(WirelessDialogue, AStoredLengthDecidesTheGeneratedKeys)
 {
-    keyIndex.set(stored, 1);
-    keyLength.set(stored, k128Bit);
+    fill(stored, keyIndex, 1, keyLength, k128Bit);
     action.play({"", "", "", "", "", "", "yes", "secret", "", "", "", "", ""});
     unsigned char generated[kWep128KeySize];
     wep_keygen128("secret", generated);

@@ -11,21 +11,10 @@ constexpr std::uint32_t kNet = 0x0A000000, kClassC = 0xFFFFFF00;
 
 class AddressArea : public AreaSession {
 protected:
-    static ComParam lan_request(std::uint16_t code)
-    {
-        ComParam made = request(code);
-        interface.set(made, "lan");
-        return made;
-    }
     std::uint32_t set_lan(std::uint32_t own, std::uint32_t mask, std::uint32_t router = 0, std::uint32_t server = 0)
     {
-        ComParam made = lan_request(code::kWriteAddress);
-        mode.set(made, kStatic);
-        address.set(made, own);
-        netmask.set(made, mask);
-        gateway.set(made, router);
-        primaryDns.set(made, server);
-        return ask(made);
+        return ask(code::kWriteAddress, interface, "lan", mode, kStatic, address, own, netmask, mask, gateway, router,
+                   primaryDns, server);
     }
     void manage_machine()
     {
@@ -55,7 +44,7 @@ TEST_F(AddressArea, TheLanAddressIsAHostOfItsNetwork)
     for (const Case& each : kCases) {
         EXPECT_EQ(set_lan(each.address, each.netmask, each.gateway, each.server), each.status) << each.name;
         EXPECT_EQ(system_address() == each.address, each.status == kStatusOk) << each.name;
-        ask(lan_request(code::kReadAddress));
+        ask(code::kReadAddress, interface, "lan");
         EXPECT_EQ(address.get(answer.record) == each.address, each.status == kStatusOk) << each.name;
     }
 }

@@ -1,6 +1,7 @@
 // The operations of the service over a machine and a storage that a test describes.
 #pragma once
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <optional>
 #include <string_view>
@@ -9,6 +10,7 @@
 #include "configd/memory_storage.h"
 #include "configd/operations.h"
 #include "service/codes.h"
+#include "support/fields.h"
 
 class AreaSession : public testing::Test {
 protected:
@@ -27,26 +29,22 @@ protected:
         service->store.start();
     }
 
-    static ComParam request(std::uint16_t code)
-    {
-        ComParam made{};
-        record::kind.set(made, record::kRequest);
-        record::code.set(made, code);
-        return made;
-    }
     std::uint32_t ask(const ComParam& request)
     {
         answer_request(*service, request, answer, asker);
         return record::status.get(answer.record);
     }
-    std::uint32_t ask(std::uint16_t code) { return ask(request(code)); }
-    // What the code reads, as a console would send it back with another code.
-    ComParam to_write(std::uint16_t readCode, std::uint16_t writeCode)
+    template <class... Fields> std::uint32_t ask(std::uint16_t code, const Fields&... fields)
+    {
+        return ask(request_of(code, fields...));
+    }
+    // What the code reads, as a console would send it back with another code and these changes.
+    template <class... Fields>
+    ComParam to_write(std::uint16_t readCode, std::uint16_t writeCode, const Fields&... fields)
     {
         ask(readCode);
         ComParam made = answer.record;
-        record::code.set(made, writeCode);
-        record::attachedLength.set(made, 0);
+        fill(made, record::code, writeCode, record::attachedLength, 0, fields...);
         return made;
     }
 
@@ -54,6 +52,12 @@ protected:
     {
         const std::string_view record{reinterpret_cast<const char*>(answer.record.bytes), kRecordSize};
         return record.find(text) != record.npos;
+    }
+
+    bool payload_is_empty() const
+    {
+        const unsigned char* end = answer.record.bytes + record::kPayloadEnd;
+        return std::find_if(answer.record.bytes + record::kPayload, end, [](unsigned char b) { return b != 0; }) == end;
     }
 
     const Model model = model_of(areas());

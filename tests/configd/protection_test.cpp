@@ -14,6 +14,7 @@
 #include "service/fields/snmp.h"
 #include "service/fields/wireless_port.h"
 #include "service/fields/wireless_settings.h"
+#include "support/fields.h"
 
 namespace {
 using Clock = std::chrono::steady_clock;
@@ -139,60 +140,32 @@ struct Canary {
     void (*plant)(ComParam& request, const char* secret);
     std::vector<std::uint16_t> carriers;  // whose answers need it: who may change the rest sees it
 };
+// clang-format off
 const Canary kCanaries[] = {
-    {"canary-console",
-     0,
-     code::kChangePassword,
-     [](ComParam& request, const char* secret) {
-         password_record::password.set(request, "admin");
-         password_record::newPassword.set(request, secret);
-     },
-     {}},
-    {"canary-radius",
-     0,
-     code::kWriteRadius,
-     [](ComParam& request, const char* secret) {
-         radius_record::name.set(request, "primary");
-         radius_record::secret.set(request, secret);
-         radius_record::port.set(request, 1812);
-         radius_record::retries.set(request, 3);
-         radius_record::reattempt.set(request, 60);
-         radius_record::address.set(request, 0x0A000009);
+    {"canary-console", 0,                           code::kChangePassword,
+     [](ComParam& r, const char* s) { fill(r, password_record::password, "admin", password_record::newPassword, s); }, {}},
+    {"canary-radius",  0,                           code::kWriteRadius,
+     [](ComParam& r, const char* s) {
+         namespace c = radius_record;
+         fill(r, c::name, "primary", c::secret, s, c::port, 1812, c::retries, 3, c::reattempt, 60, c::address, 0x0A000009);
      },
      {code::kReadRadius}},
-    {"canary-writes",
-     code::kReadSnmp,
-     code::kWriteSnmp,
-     [](ComParam& request, const char* secret) { snmp_record::writeCommunity.set(request, secret); },
-     {}},
-    {"canary-ddns",
-     code::kReadDdns,
-     code::kWriteDdns,
-     [](ComParam& request, const char* secret) { ddns_record::password.set(request, secret); },
-     {}},
-    {"canary-phrase",
-     code::kReadWirelessSettings,
-     code::kWriteWirelessSettings,
-     [](ComParam& request, const char* secret) { wireless_record::passphrase.set(request, secret); },
-     {code::kReadWirelessSettings}},
-    {"ca-4a-12-e5-0f",
-     0,
-     code::kWritePresetKey,
-     [](ComParam& request, const char* secret) {
-         preset_key_record::index.set(request, 1);
-         preset_key_record::key.set(request, secret);
-     },
-     {}},
-    {"canary-key-12",
-     code::kReadWirelessSettings,
-     code::kWriteWirelessSettings,
-     [](ComParam& request, const char* secret) {
-         wireless_record::key[0].set(request, secret);
-         wireless_record::keyType[0].set(request, wireless_record::kAscii128);
-         wireless_record::keyLength.set(request, wireless_record::k128Bit);
+    {"canary-writes",  code::kReadSnmp,             code::kWriteSnmp,
+     [](ComParam& r, const char* s) { snmp_record::writeCommunity.set(r, s); }, {}},
+    {"canary-ddns",    code::kReadDdns,             code::kWriteDdns,
+     [](ComParam& r, const char* s) { ddns_record::password.set(r, s); }, {}},
+    {"canary-phrase",  code::kReadWirelessSettings, code::kWriteWirelessSettings,
+     [](ComParam& r, const char* s) { wireless_record::passphrase.set(r, s); }, {code::kReadWirelessSettings}},
+    {"ca-4a-12-e5-0f", 0,                           code::kWritePresetKey,
+     [](ComParam& r, const char* s) { fill(r, preset_key_record::index, 1, preset_key_record::key, s); }, {}},
+    {"canary-key-12",  code::kReadWirelessSettings, code::kWriteWirelessSettings,
+     [](ComParam& r, const char* s) {
+         namespace c = wireless_record;
+         fill(r, c::key[0], s, c::keyType[0], c::kAscii128, c::keyLength, c::k128Bit);
      },
      {code::kReadWirelessSettings}},
 };
+// clang-format on
 constexpr std::uint16_t kReads[] = {
     code::kReadRegDomain,     code::kReadPresetKey,
     code::kReadWirelessPort,  code::kReadSystem,

@@ -29,19 +29,14 @@ protected:
         restore_routes(*service);
     }
 
-    using AreaSession::ask;
-    std::uint32_t ask(std::uint16_t code, const device::Route& route)
+    std::uint32_t send(std::uint16_t code, const device::Route& route)
     {
-        ComParam made = request(code);
-        route_request::destination.set(made, route.destination);
-        route_request::netmask.set(made, route.netmask);
-        route_request::gateway.set(made, route.gateway);
-        route_request::interface.set(made, route.interface);
-        route_request::hops.set(made, route.metric);
-        return ask(made);
+        using namespace route_request;
+        return ask(code, destination, route.destination, netmask, route.netmask, gateway, route.gateway, interface,
+                   route.interface, hops, route.metric);
     }
-    std::uint32_t add(const device::Route& route) { return ask(code::kAddRoute, route); }
-    std::uint32_t remove(const device::Route& route) { return ask(code::kDeleteRoute, route); }
+    std::uint32_t add(const device::Route& route) { return send(code::kAddRoute, route); }
+    std::uint32_t remove(const device::Route& route) { return send(code::kDeleteRoute, route); }
 
     // The table as the console gets it: destination/hops/flags of each row.
     std::string table()

@@ -1,8 +1,6 @@
 // Each case in a child process, which gives its privileges up for good.
-#include <algorithm>
 #include <cerrno>
 #include <csignal>
-#include <cstring>
 #include <ctime>
 #include <fcntl.h>
 #include <functional>
@@ -18,14 +16,9 @@
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
-#include <syslog.h>
 #include <unistd.h>
 
-#include "configd/linux/device.h"
-#include "configd/linux/interface_changes.h"
-#include "configd/password.h"
 #include "configd/sandbox.h"
-#include "support/own_network.h"
 
 namespace {
 constexpr int kNotSandboxed = 254;
@@ -90,41 +83,6 @@ TEST(Sandbox, KeepsWhatTheProfileLeavesToTheService)
     EXPECT_EQ(in_sandbox({.setClock = true}, [] { return error_of(clock_settime(CLOCK_REALTIME, &never)); }), EINVAL);
     if (geteuid() != 0) GTEST_SKIP() << "only root may restart a machine";
     EXPECT_EQ(in_sandbox({.restartMachine = true}, [] { return error_of(reboot(0x12345678)); }), EINVAL);
-}
-
-TEST(Sandbox, LeavesTheMachineInReach)
-{
-    in_own_network("ip link set eth0 up && ip link set eth1 up", [] {
-        ASSERT_EQ(apply_sandbox({}), 0);
-        const Device& machine = kLinuxDevice;
-        constexpr std::uint32_t kAddress = 0xC0A80101, kNetmask = 0xFFFFFF00, kRouter = 0xC0A80102;
-        EXPECT_EQ(machine.set_address("eth0", kAddress, kNetmask), 0);
-        EXPECT_EQ(machine.set_link_up("eth0", true), 0);
-        device::Route route{.gateway = kRouter};
-        std::snprintf(route.interface, sizeof route.interface, "eth0");
-        EXPECT_EQ(machine.add_route(route), 0);
-
-        std::vector<device::Route> routes;
-        EXPECT_EQ(machine.read_routes(routes), 0);
-        EXPECT_TRUE(std::ranges::any_of(routes, [](const auto& each) {
-            return each.gateway == kRouter && std::strcmp(each.interface, "eth0") == 0;
-        }));
-        EXPECT_EQ(machine.delete_route(route), 0);
-        std::vector<device::Interface> interfaces;
-        EXPECT_EQ(machine.read_interfaces(interfaces), 0);
-        EXPECT_NE(device::find_interface(interfaces, "eth0"), nullptr);
-        device::Link link{};
-        EXPECT_EQ(machine.read_link("eth0", link), 0);
-        EXPECT_GT(machine.read_up_time(), 0u);
-        EXPECT_GT(machine.read_clock(), 0);
-
-        const std::string password = hash_password("memory and random numbers");
-        EXPECT_FALSE(password.empty());
-        const int changes = device::watch_interfaces();
-        EXPECT_GE(changes, 0);
-        close(changes);
-        syslog(LOG_DEBUG, "tests of the configuration service");
-    });
 }
 
 TEST(Sandbox, AnAbortStillEndsTheProcess)

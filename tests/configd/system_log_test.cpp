@@ -83,7 +83,7 @@ class LogArea : public AreaSession {
 protected:
     std::vector<std::string> table(std::uint32_t facility = 0)
     {
-        ComParam wanted = request(code::kReadLogTable);
+        ComParam wanted = request_of(code::kReadLogTable);
         log_table_request::facility.set(wanted, facility);
         EXPECT_EQ(ask(wanted), kStatusOk);
         std::vector<std::string> lines;
@@ -100,7 +100,7 @@ protected:
     }
     std::uint32_t write_state(std::uint16_t code, std::uint32_t facility, std::uint8_t state)
     {
-        ComParam wanted = request(code);
+        ComParam wanted = request_of(code);
         facility_request::facility.set(wanted, facility);
         facility_request::state.set(wanted, state);
         return ask(wanted);
@@ -125,7 +125,7 @@ TEST_F(LogArea, HasAChangeARefusalAndAWrongPassword)
     ASSERT_EQ(ask(system), kStatusValueRefused);
     EXPECT_EQ(newest(), "4 system settings refused: A value is not acceptable for its setting");
 
-    ComParam password = request(code::kCheckPassword);
+    ComParam password = request_of(code::kCheckPassword);
     password_record::password.set(password, "hunter2");
     ASSERT_EQ(ask(password), kStatusWrongPassword);
     EXPECT_EQ(newest(facility_bit(Facility::kLogin)), "5 a wrong password was given");
@@ -143,7 +143,7 @@ TEST_F(LogArea, RefusesWhatIsNoFacilityOrNoServer)
 {
     for (const std::uint32_t bad : {0u, 8u, 0x80000000u, 0x80000018u, 0xFFFFFFFFu}) {
         EXPECT_EQ(write_state(code::kWriteLogFacility, bad, kFacilityOn), kStatusUnknownName) << bad;
-        ComParam wanted = request(code::kReadLogTable);
+        ComParam wanted = request_of(code::kReadLogTable);
         log_table_request::facility.set(wanted, bad);
         EXPECT_EQ(ask(wanted), bad == 0 ? kStatusOk : kStatusUnknownName) << bad;
     }

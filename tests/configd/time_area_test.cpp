@@ -17,10 +17,7 @@ protected:
     }
     std::uint32_t set_time(std::uint32_t seconds, std::int16_t index = kZoneNotSet)
     {
-        ComParam made = to_write(code::kReadTime, code::kWriteTime);
-        now.set(made, seconds);
-        zone.set(made, index);
-        return ask(made);
+        return ask(to_write(code::kReadTime, code::kWriteTime, now, seconds, zone, index));
     }
     std::uint32_t shown()
     {
@@ -63,54 +60,15 @@ TEST_F(TimeArea, AnOffsetLeavesTheMachineAlone)
     EXPECT_EQ(shown(), kMachineTime + 100);
 }
 
-struct ClientCase {
-    const char* name;
-    std::uint8_t enabled, byAddress;
-    const char* serverName;
-    std::uint32_t address, hours;
-    ServiceStatus status;
-};
-const std::string kFullField(51, 'n');
-const ClientCase kClients[] = {
-    {"ByName", 1, 0, "time.example", 0, 1, kStatusOk},
-    {"OnWithoutAName", 1, 0, "", 0x0A000001, 24, kStatusNoTimeServer},
-    {"NameWithControl", 0, 0, "time\033[2J", 0, 24, kStatusValueRefused},
-    {"NameWithoutNul", 0, 0, kFullField.c_str(), 0, 24, kStatusValueRefused},
-    {"AddressIsNoHost", 0, 1, "", 0xFFFFFFFF, 24, kStatusValueRefused},
-};
-TEST_F(TimeArea, TheNtpClientIsTakenOrRefusedAsAWhole)
-{
-    for (const ClientCase& each : kClients) {
-        ASSERT_EQ(ask(code::kClearConfiguration), kStatusOk);
-        ComParam made = to_write(code::kReadTime, code::kWriteNtpClient);
-        now.set(made, 1);  // none of this operation's business
-        zone.set(made, 21);
-        ntpEnabled.set(made, each.enabled);
-        serverByAddress.set(made, each.byAddress);
-        std::memset(made.bytes + serverName.at.offset, 0, serverName.at.width);
-        std::memcpy(made.bytes + serverName.at.offset, each.serverName, std::strlen(each.serverName));
-        serverAddress.set(made, each.address);
-        interval.set(made, each.hours);
-        EXPECT_EQ(ask(made), each.status) << each.name;
-
-        const bool taken = each.status == kStatusOk;
-        EXPECT_EQ(shown(), kMachineTime);
-        EXPECT_EQ(zone.get(answer.record), taken ? 21 : kZoneNotSet) << each.name;
-        EXPECT_EQ(interval.get(answer.record), taken ? each.hours : 24) << each.name;
-        EXPECT_STREQ(serverName.get(answer.record), taken ? each.serverName : "pool.ntp.org") << each.name;
-    }
-}
 TEST_F(TimeArea, TheDevicesTimeServiceIsHandedTheServer)
 {
     constexpr const char* kFile = "run/timesyncd.conf";
     service->timeRules = RuleFile(storage.operations(), "run", RuleFile::kTimeName);
-    ComParam made = to_write(code::kReadTime, code::kWriteNtpClient);
-    ntpEnabled.set(made, 1);
+    ComParam made = to_write(code::kReadTime, code::kWriteNtpClient, ntpEnabled, 1);
     EXPECT_EQ(ask(made), kStatusOk);
     EXPECT_EQ(storage.files[kFile], "# Made by configd of its settings.\n[Time]\nPollIntervalMinSec=86400\n"
                                     "PollIntervalMaxSec=86400\nNTP=pool.ntp.org\n");
-    serverByAddress.set(made, 1);
-    serverAddress.set(made, 0x0A000001);
+    fill(made, serverByAddress, 1, serverAddress, 0x0A000001);
     EXPECT_EQ(ask(made), kStatusOk);
     EXPECT_TRUE(storage.files[kFile].ends_with("\nNTP=10.0.0.1\n"));
     ntpEnabled.set(made, 0);

@@ -11,8 +11,6 @@ namespace port = wireless_port_record;
 namespace settings = wireless_record;
 namespace counters = port_statistics_record;
 
-using Change = std::function<void(ComParam&)>;
-
 class WirelessAreas : public AreaSession {
 protected:
     WirelessAreas()
@@ -23,30 +21,13 @@ protected:
         start();
     }
 
-    using AreaSession::ask;
-    std::uint32_t ask(std::uint16_t code, const Change& change)
+    std::uint32_t rewrite(const std::function<void(ComParam&)>& change)
     {
-        ComParam made = request(code);
-        change(made);
-        return ask(made);
-    }
-    // Reads, changes, writes.
-    std::uint32_t rewrite(
-        std::uint16_t read, std::uint16_t write, const Change& change, const Change& key = [](ComParam&) {})
-    {
-        ask(read, key);
-        ComParam made = answer.record;
-        record::code.set(made, write);
-        record::attachedLength.set(made, 0);
+        ComParam made = to_write(code::kReadWirelessSettings, code::kWriteWirelessSettings);
         change(made);
         return ask(made);
     }
 };
-
-Change radio(const char* name)
-{
-    return [=](ComParam& r) { port::radio.set(r, name); };
-}
 
 TEST_F(WirelessAreas, ARadioIsTheSameInBothRecords)
 {
@@ -54,77 +35,35 @@ TEST_F(WirelessAreas, ARadioIsTheSameInBothRecords)
     EXPECT_STREQ(settings::networkName.get(answer.record), "from-profile");
     EXPECT_EQ(settings::channel.get(answer.record), 6);
 
-    EXPECT_EQ(rewrite(code::kReadWirelessSettings, code::kWriteWirelessSettings,
-                      [](ComParam& r) {
-                          settings::networkName.set(r, "a name of thirty-seven characters ....");
-                          settings::channel.set(r, 11);
-                      }),
+    EXPECT_EQ(rewrite([](ComParam& r) {
+                  settings::networkName.set(r, "a name of thirty-seven characters ....");
+                  settings::channel.set(r, 11);
+              }),
               kStatusOk);
-    EXPECT_EQ(ask(code::kReadWirelessPort, radio("radio1")), kStatusOk);
+    EXPECT_EQ(ask(code::kReadWirelessPort, port::radio, "radio1"), kStatusOk);
     EXPECT_STREQ(port::ssid.get(answer.record), "a name of thirty-seven characters ...");
     EXPECT_EQ(port::channel.get(answer.record), 11);
-}
-
-struct SettingCase {
-    const char* name;
-    Change change;
-    ServiceStatus status;
-};
-using settings::beaconInterval, settings::dtimInterval, settings::fragmentThreshold, settings::rtsThreshold;
-
-Change on_channel(std::uint16_t domain, std::uint16_t channel)
-{
-    return [=](ComParam& r) {
-        settings::domain.set(r, domain);
-        settings::channel.set(r, channel);
-    };
-}
-// clang-format off
-const SettingCase kSettings[] = {
-    {"NoKeyType",       [](ComParam& r) { settings::keyType[2].set(r, 6); },  kStatusValueRefused},
-    {"NeitherYesNorNo", [](ComParam& r) { settings::hidden.set(r, 2); },      kStatusValueRefused},
-    {"FccLast",         on_channel(settings::kFcc, 11),                       kStatusOk},
-    {"FccBehindLast",   on_channel(settings::kFcc, 12),                       kStatusChannelRefused},
-    {"FranceBelow",     on_channel(settings::kFrance, 9),                     kStatusChannelRefused},
-    {"FiveGhz",         on_channel(settings::kFcc, 36),                       kStatusChannelRefused},
-    {"Automatic",       on_channel(settings::kFrance, 0),                     kStatusOk},
-    {"FragmentTooLow",  [](ComParam& r) { fragmentThreshold.set(r, 255); },   kStatusValueRefused},
-    {"DtimZero",        [](ComParam& r) { dtimInterval.set(r, 0); },          kStatusValueRefused},
-};
-// clang-format on
-TEST_F(WirelessAreas, SettingsAreTakenWithinTheirLimits)
-{
-    for (const SettingCase& c : kSettings) {
-        ask(code::kReadWirelessSettings);
-        const ComParam before = answer.record;
-        EXPECT_EQ(rewrite(code::kReadWirelessSettings, code::kWriteWirelessSettings, c.change), c.status) << c.name;
-        ask(code::kReadWirelessSettings);
-        ComParam wanted = before;
-        origin_record::revision.set(wanted, origin_record::revision.get(answer.record));
-        if (c.status == kStatusOk) c.change(wanted);
-        EXPECT_EQ(std::memcmp(answer.record.bytes, wanted.bytes, kRecordSize), 0) << c.name;
-    }
 }
 
 TEST_F(WirelessAreas, KeysComeBackByteForByteAndNowhereElse)
 {
     constexpr char kKey[] = "\0key\0\x80\xff.........";  // its last byte is the NUL: the field is full
     static_assert(sizeof kKey == 17);
-    const Change set_keys = [&](ComParam& r) {
+    const auto set_keys = [&](ComParam& r) {
         settings::passphrase.set(r, "canary phrase");
         std::memcpy(r.bytes + settings::key[3].at.offset, kKey, settings::key[3].at.width);
         std::memcpy(r.bytes + settings::key[0].at.offset, "canary", 6);
     };
-    ASSERT_EQ(rewrite(code::kReadWirelessSettings, code::kWriteWirelessSettings, set_keys), kStatusOk);
+    ASSERT_EQ(rewrite(set_keys), kStatusOk);
     EXPECT_FALSE(answer_shows("canary"));
-    EXPECT_EQ(ask(code::kReadWirelessPort, radio("radio1")), kStatusOk);
+    EXPECT_EQ(ask(code::kReadWirelessPort, port::radio, "radio1"), kStatusOk);
     EXPECT_FALSE(answer_shows("canary"));
 
     EXPECT_EQ(ask(code::kSaveConfiguration), kStatusOk);
     EXPECT_EQ(ask(code::kClearConfiguration), kStatusOk);
     ask(code::kReadWirelessSettings);
     EXPECT_FALSE(answer_shows("canary"));
-    rewrite(code::kReadWirelessSettings, code::kWriteWirelessSettings, set_keys);
+    rewrite(set_keys);
     start();
     ask(code::kReadWirelessSettings);
     EXPECT_EQ(std::memcmp(answer.record.bytes + settings::key[3].at.offset, kKey, settings::key[3].at.width), 0);
@@ -133,7 +72,7 @@ TEST_F(WirelessAreas, KeysComeBackByteForByteAndNowhereElse)
 
 TEST_F(WirelessAreas, AFileWithoutProperKeysIsNotUsed)
 {
-    rewrite(code::kReadWirelessSettings, code::kWriteWirelessSettings, [](ComParam& r) {
+    rewrite([](ComParam& r) {
         settings::channel.set(r, 11);
         settings::key[0].set(r, "canary");
     });
@@ -148,24 +87,19 @@ TEST_F(WirelessAreas, AFileWithoutProperKeysIsNotUsed)
     }
 }
 
-Change of_interface(const char* name)
-{
-    return [=](ComParam& r) { counters::interface.set(r, name); };
-}
-
 TEST_F(WirelessAreas, CountersThatCannotBeClearedStay)
 {
     machine.interfaces = {interface_named("eth0", 1)};
     machine.interfaces[0].counters.rxPackets = 1;
     storage.readOnly = true;
-    EXPECT_EQ(ask(code::kClearPortStatistics, of_interface("eth0")), kStatusStorageReadOnly);
-    ask(code::kReadPortStatistics, of_interface("eth0"));
+    EXPECT_EQ(ask(code::kClearPortStatistics, counters::interface, "eth0"), kStatusStorageReadOnly);
+    ask(code::kReadPortStatistics, counters::interface, "eth0");
     EXPECT_EQ(counters::goodReceived.get(answer.record), 1u);
 
     for (const char* content : {"", "[]", "{\"interfaces\": 7}", "{\"interfaces\": {\"eth0\": [\"x\", -1, 1e9]}}"}) {
         storage.files["run/cleared-counters.json"] = content;
         start();
-        EXPECT_EQ(ask(code::kReadPortStatistics, of_interface("eth0")), kStatusOk) << content;
+        EXPECT_EQ(ask(code::kReadPortStatistics, counters::interface, "eth0"), kStatusOk) << content;
         EXPECT_EQ(counters::goodReceived.get(answer.record), 1u) << content;
     }
 }

@@ -105,15 +105,6 @@ TEST_F(KeyLoop, EndsAfterLogoutWithoutReadingAnotherKey)
     EXPECT_EQ(CmdPrcInq.slots[0], nullptr);
 }
 
-TEST_F(KeyLoop, EndsTheProcessWithStatusZero) { EXPECT_EXIT(console_process(), testing::ExitedWithCode(0), ""); }
-
-TEST_F(KeyLoop, ServesNoSessionWithoutAnEditContext)
-{
-    Session bare{};
-    bare.state = kLoginNeeded;
-    EXPECT_FALSE(serve_key(bare));
-}
-
 TEST_F(KeyLoop, StartsTheLoginAgainOrEndsTheSession)
 {
     slot.state = kEnteringPassword;

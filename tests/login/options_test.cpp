@@ -54,6 +54,13 @@ TEST(RemoteHost, IsKeptWithItsAddress)
     const unsigned char expected[4] = {192, 0, 2, 7};
     EXPECT_EQ(std::memcmp(hostaddress, expected, sizeof expected), 0);
 
+    for (const auto& [given, kept] : {std::pair{"pc.lan.example", "pc"},
+                                      {"pc.LAN.example", "pc"},
+                                      {".lan.example", ".lan.example"},
+                                      {"pc.wlan.example", "pc.wlan.example"}}) {
+        set_remote_host(given, local);
+        EXPECT_STREQ(hostname, kept) << "the own domain goes without saying";
+    }
     set_remote_host("\x1b]0;x\a .lan.example", local);
     EXPECT_STREQ(hostname, "?]0;x? ") << "nothing in it may command a terminal";
     EXPECT_EQ(hostaddress[0], 0);

@@ -17,7 +17,7 @@
 #include "platform/ipc_client.h"
 #include "platform/ipc_timeout.h"
 #include "platform/socket_path.h"
-#include "service/record.h"
+#include "support/socket_server.h"
 
 const char kServiceSocket[] = "configd.sock";  // in the folder that each test makes for itself
 
@@ -39,76 +39,20 @@ Bytes answer_with_table(std::uint32_t length, const Bytes& table)
 
 Bytes answer() { return answer_with_table(0, ""); }
 
-bool take_request(int client, ComParam& request)
-{
-    return recv(client, request.bytes, sizeof request.bytes, MSG_WAITALL) == static_cast<ssize_t>(kRecordSize);
-}
-
-void say(int client, const Bytes& bytes)
-{
-    for (std::size_t sent = 0; sent < bytes.size();) {
-        const ssize_t count = send(client, bytes.data() + sent, bytes.size() - sent, MSG_NOSIGNAL);
-        if (count <= 0) return;
-        sent += static_cast<std::size_t>(count);
-    }
-}
-
-// Listens from its construction to its end; hands each connection to the handler, then closes it.
-class FakeService {
-public:
-    explicit FakeService(std::function<void(int client)> handler) : handler_(std::move(handler))
-    {
-        unlink(kServiceSocket);
-        listener_ = socket(AF_UNIX, SOCK_STREAM, 0);
-        sockaddr_un address{};
-        address.sun_family = AF_UNIX;
-        std::memcpy(address.sun_path, kServiceSocket, sizeof kServiceSocket - 1);
-        EXPECT_EQ(bind(listener_, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
-        EXPECT_EQ(listen(listener_, 8), 0);
-
-        sigset_t alarms, before;  // a case's signals are for the thread that asks
-        sigemptyset(&alarms);
-        sigaddset(&alarms, SIGALRM);
-        pthread_sigmask(SIG_BLOCK, &alarms, &before);
-        thread_ = std::thread([this] { serve(); });
-        pthread_sigmask(SIG_SETMASK, &before, nullptr);
-    }
-
-    ~FakeService()
-    {
-        shutdown(listener_, SHUT_RDWR);
-        if (const int client = client_; client >= 0) shutdown(client, SHUT_RDWR);
-        thread_.join();
-        close(listener_);
-        unlink(kServiceSocket);
-    }
-
-    int connections() const { return connections_; }
-
-private:
-    void serve()
-    {
-        for (int client; (client = accept(listener_, nullptr, nullptr)) >= 0;) {
-            ++connections_;
-            client_ = client;
-            handler_(client);
-            client_ = -1;
-            close(client);
-        }
-    }
-
-    std::function<void(int)> handler_;
-    int listener_ = -1;
-    std::atomic<int> client_ = -1, connections_ = 0;
-    std::thread thread_;
-};
-
 // Every request on every connection gets these bytes.
 std::function<void(int)> always(const Bytes& bytes)
 {
     return [bytes](int client) {
         for (ComParam request; take_request(client, request);) say(client, bytes);
     };
+}
+
+sockaddr_un socket_address()
+{
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    std::memcpy(address.sun_path, kServiceSocket, sizeof kServiceSocket - 1);
+    return address;
 }
 
 class IpcClient : public testing::Test {
@@ -154,7 +98,7 @@ TEST_F(IpcClient, SendsTheCallersRecordWithItsAttachedWordsZero)
     std::memset(sent.bytes, 0xA5, sizeof sent.bytes);
     const ComParam before = sent;
     {
-        FakeService service([&](int client) {
+        SocketServer service(kServiceSocket, [&](int client) {
             ComParam request;
             if (!take_request(client, request)) return;
             seen = request;
@@ -195,7 +139,7 @@ TEST_P(IpcAnswer, IsTakenWholeOrRefusedAndTheNextRequestWorks)
 {
     const Answer& given = GetParam();
     bool first = true;
-    FakeService service([&](int client) {
+    SocketServer service(kServiceSocket, [&](int client) {
         for (ComParam request; take_request(client, request);) {
             if (!first) {
                 say(client, answer());
@@ -223,13 +167,11 @@ TEST_F(IpcClient, SaysThatNobodyListens)
 {
     EXPECT_EQ(request(), std::uint32_t{IPC_NOT_RUNNING});  // no socket at all
     {
-        FakeService service(always(answer()));
+        SocketServer service(kServiceSocket, always(answer()));
     }
     const int abandoned = socket(AF_UNIX, SOCK_STREAM, 0);
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    std::memcpy(address.sun_path, kServiceSocket, sizeof kServiceSocket - 1);
-    ASSERT_EQ(bind(abandoned, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+    const sockaddr_un address = socket_address();
+    ASSERT_EQ(bind(abandoned, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
     close(abandoned);
     EXPECT_EQ(request(), std::uint32_t{IPC_NOT_RUNNING});  // the socket of a service that is gone
     unlink(kServiceSocket);
@@ -242,7 +184,7 @@ TEST_F(IpcClient, MeetsARestartedServiceWithoutAnError)
         for (ComParam request; take_request(client, request); say(client, answer())) ++executed;
     };
     for (int restart = 0; restart < 3; ++restart) {
-        FakeService service(count);
+        SocketServer service(kServiceSocket, count);
         EXPECT_EQ(request(), std::uint32_t{IPC_OK});
         EXPECT_EQ(request(), std::uint32_t{IPC_OK});
         EXPECT_EQ(service.connections(), 1);
@@ -253,7 +195,7 @@ TEST_F(IpcClient, MeetsARestartedServiceWithoutAnError)
 TEST_F(IpcClient, DoesNotSendARequestTwiceThatMayHaveBeenCarriedOut)
 {
     std::atomic<int> executed = 0;
-    FakeService service([&](int client) {
+    SocketServer service(kServiceSocket, [&](int client) {
         ComParam request;
         if (take_request(client, request) && ++executed == 1) say(client, answer());
         take_request(client, request) ? ++executed : 0;  // the second one is taken and never answered
@@ -265,7 +207,7 @@ TEST_F(IpcClient, DoesNotSendARequestTwiceThatMayHaveBeenCarriedOut)
 
 TEST_F(IpcClient, GivesUpOnAServiceThatHangs)
 {
-    FakeService service([answered = 0](int client) mutable {
+    SocketServer service(kServiceSocket, [answered = 0](int client) mutable {
         for (ComParam request; take_request(client, request);)
             say(client, answered++ ? answer() : answer().substr(0, 100));
     });
@@ -281,7 +223,7 @@ TEST_F(IpcClient, GivesUpOnAServiceThatHangs)
 
 TEST_F(IpcClient, GivesUpOnAnAnswerThatDripsInForEver)
 {
-    FakeService service([](int client) {
+    SocketServer service(kServiceSocket, [](int client) {
         ComParam request;
         take_request(client, request);
         for (char byte = 0; send(client, &byte, 1, MSG_NOSIGNAL) == 1;) std::this_thread::sleep_for(milliseconds(10));
@@ -295,15 +237,13 @@ TEST_F(IpcClient, GivesUpOnAnAnswerThatDripsInForEver)
 TEST_F(IpcClient, GivesUpOnAServiceThatTakesNoConnection)
 {
     const int listener = socket(AF_UNIX, SOCK_STREAM, 0);
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    std::memcpy(address.sun_path, kServiceSocket, sizeof kServiceSocket - 1);
-    ASSERT_EQ(bind(listener, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+    const sockaddr_un address = socket_address();
+    ASSERT_EQ(bind(listener, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
     ASSERT_EQ(listen(listener, 0), 0);
     std::vector<int> waiting;
     do {
         waiting.push_back(socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK, 0));
-    } while (connect(waiting.back(), reinterpret_cast<sockaddr*>(&address), sizeof address) == 0);
+    } while (connect(waiting.back(), reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0);
 
     ipcTimeoutMilliseconds = 100;
     EXPECT_EQ(request(), std::uint32_t{IPC_NO_ANSWER});
@@ -321,7 +261,7 @@ TEST_F(IpcClient, SurvivesAStormOfSignals)
     const itimerval everyHalfMillisecond{{0, 500}, {0, 500}}, never{};
 
     const Bytes whole = answer_with_table(960, Bytes(960, 't'));
-    FakeService service([&](int client) {
+    SocketServer service(kServiceSocket, [&](int client) {
         for (ComParam request; take_request(client, request);) {
             for (std::size_t sent = 0; sent < whole.size(); sent += 500) {
                 std::this_thread::sleep_for(milliseconds(5));

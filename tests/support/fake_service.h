@@ -4,9 +4,8 @@
 
 #include <functional>
 #include <string>
-#include <thread>
 
-#include "service/record.h"
+#include "support/socket_server.h"
 
 struct Reply {
     std::string bytes;        // sent as they are; empty: no answer
@@ -22,17 +21,7 @@ public:
 
     // `answer` is called on a thread of the service's own, for one request at a time.
     explicit FakeService(Answer answer);
-    ~FakeService();
-    FakeService(const FakeService&) = delete;
-    FakeService& operator=(const FakeService&) = delete;
 
 private:
-    void serve();
-    void talk(int connection);
-    bool wait_readable(int descriptor) const;  // false: it is time to end
-
-    Answer answer_;
-    int listener_ = -1;
-    int stop_[2] = {-1, -1};  // a pipe; closing its writing end ends the thread
-    std::thread thread_;
+    SocketServer server_;
 };

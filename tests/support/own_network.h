@@ -53,6 +53,18 @@ inline void report(int exitStatus)
 }
 }  // namespace own_network
 
+// What a shell command prints.
+inline std::string shell(const std::string& command)
+{
+    std::string output;
+    std::FILE* pipe = popen(command.c_str(), "r");
+    if (!pipe) return output;
+    char piece[4096];
+    for (std::size_t got; (got = std::fread(piece, 1, sizeof piece, pipe)) > 0;) output.append(piece, got);
+    pclose(pipe);
+    return output;
+}
+
 // Two ports joined by a cable, eth0 and eth1, then the setup (shell commands with ip(8)), then the body.
 template <class Body> void in_own_network(const std::string& setup, Body body)
 {

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <initializer_list>
 #include <string>
+#include <vector>
 
 #include "support/service.h"
 #include "support/terminal.h"
@@ -33,12 +34,17 @@ protected:
         }
     }
 
-    // What a command without questions prints.
-    std::string run(const std::string& line)
+    // What a command and the answers to its questions print.
+    std::string run(const std::string& line, const std::vector<std::string>& answers = {})
     {
         t.type(line + '\n');
         t.until(line + '\n');
-        std::string printed = t.until(kPrompt);
+        std::string printed;
+        for (const std::string& each : answers) {
+            printed += t.until("): ");
+            t.type(each + '\n');
+        }
+        printed += t.until(kPrompt);
         printed.resize(printed.size() - (sizeof kPrompt - 1));
         return printed;
     }

@@ -46,21 +46,4 @@ TEST_F(LogCommands, TheTableHasWhatWasChanged)
     EXPECT_TRUE(shows("show log table", " dhcp      7     request 1320 accepted\nCommand> "));
 }
 
-TEST_F(LogCommands, SettingsAreThereAfterSaveAndRestart)
-{
-    run("set log level 5");
-    run("enable log nat 4");
-    run("disable trace nat");
-    run("enable trace nat 6");
-    run("set syslogd 127.0.0.1");
-    run("enable syslogd");
-    run("save config");
-    service.restart();
-    const std::string level = run("show log level");
-    EXPECT_TRUE(level.starts_with("System log level: 5\n")) << level;
-    EXPECT_NE(level.find("\nnat         level 4     level 6\n"), std::string::npos) << level;
-    EXPECT_TRUE(run("show syslogd")
-                    .starts_with("        Remote syslog:            enabled\n"
-                                 "        Syslog server IP address: 127.0.0.1\n"));
-}
 }  // namespace

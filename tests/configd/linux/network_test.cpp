@@ -17,17 +17,6 @@ constexpr std::uint32_t ip(std::uint32_t a, std::uint32_t b, std::uint32_t c, st
 }
 constexpr std::uint32_t kMask24 = ip(255, 255, 255, 0);
 
-std::string shell(const char* command)
-{
-    std::string output;
-    FILE* pipe = popen(command, "r");
-    if (!pipe) return output;
-    char piece[4096];
-    for (std::size_t got; (got = fread(piece, 1, sizeof piece, pipe)) > 0;) output.append(piece, got);
-    pclose(pipe);
-    return output;
-}
-
 device::Interface interface(const char* name)
 {
     std::vector<device::Interface> table;
