@@ -105,7 +105,7 @@ TEST_F(Changes, AreLoggedWithWhoAskedAndWhatItWasBefore)
 {
     asker = {1, "root on pts/3"};
     for (const Case& each : kCases) {
-        ComParam made = each.read ? to_write(each.read, each.write) : request(each.write);
+        ComParam made = each.read ? to_write(each.read, each.write) : request_of(each.write);
         each.change(made);
         system_log().log(Facility::kSystem, LOG_NOTICE, each.name);
         ask(made);

@@ -79,7 +79,7 @@ protected:
     ComParam read_by(std::uint64_t client, std::uint16_t code, Change key = nothing)
     {
         asker.connection = client;
-        ComParam wanted = request(code);
+        ComParam wanted = request_of(code);
         key(wanted);
         EXPECT_EQ(ask(wanted), kStatusOk);
         record::attachedLength.set(answer.record, 0);
