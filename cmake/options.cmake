@@ -32,6 +32,7 @@ endif()
 set(pie_compile -fPIE)
 set(pie_link -pie)
 if(ROUTER_STATIC)
+    set(CMAKE_FIND_LIBRARY_SUFFIXES .a)
     # Not every C library can start a static program at any address: MIPS has none that does.
     include(CheckLinkerFlag)
     check_linker_flag(CXX -static-pie ROUTER_HAS_STATIC_PIE)

@@ -4,12 +4,14 @@
 #include <arpa/inet.h>
 #include <arpa/nameser.h>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <grp.h>
 #include <memory>
 #include <netdb.h>
 #include <pwd.h>
 #include <resolv.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -20,11 +22,35 @@ struct Close {
 };
 using File = std::unique_ptr<FILE, Close>;
 
+struct Free {
+    void operator()(char* text) const { std::free(text); }
+};
+
+// A file as it is now, in memory: the C library asks for its place in the file with each entry that it reads.
+class FileInMemory {
+public:
+    explicit FileInMemory(const char* path)
+    {
+        const File file(std::fopen(path, "re"));
+        struct stat found {};
+        if (!file || fstat(fileno(file.get()), &found) != 0 || found.st_size <= 0) return;
+        const auto size = static_cast<std::size_t>(found.st_size);
+        text_.reset(static_cast<char*>(std::malloc(size)));
+        const std::size_t got = text_ ? std::fread(text_.get(), 1, size, file.get()) : 0;
+        if (got > 0) entries_.reset(fmemopen(text_.get(), got, "r"));
+    }
+    FILE* get() const { return entries_.get(); }
+
+private:
+    std::unique_ptr<char, Free> text_;
+    File entries_;
+};
+
 // The first entry that fits; it is the C library's until its next call.
 template <class Entry, class Fits> Entry* find_entry(const char* path, Entry* (*next)(FILE*), Fits fits)
 {
-    const File file(std::fopen(path, "re"));
-    while (Entry* entry = file ? next(file.get()) : nullptr)
+    const FileInMemory file(path);
+    while (Entry* entry = file.get() ? next(file.get()) : nullptr)
         if (fits(*entry)) return entry;
     return nullptr;
 }
