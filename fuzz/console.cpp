@@ -15,6 +15,7 @@
 #include "console/console_process.h"
 #include "console/messages.h"
 #include "console/terminal.h"
+#include "console/terminal_keys.h"
 #include "fuzz/fuzzing.h"
 #include "service/client.h"
 
@@ -77,6 +78,7 @@ FuzzedConsole::~FuzzedConsole()
 void FuzzedConsole::press(std::span<const std::uint8_t> keys)
 {
     const Input input(keys);
+    forget_keys();
     while (serve_key(session[0])) {
     }
 }

@@ -17,7 +17,7 @@ private:
     std::FILE *output_, *errors_;
 };
 
-// Standard input has these bytes and then ends. They outlive it.
+// Standard input has these bytes and then ends.
 class Input {
 public:
     explicit Input(std::span<const std::uint8_t> bytes);
@@ -26,5 +26,5 @@ public:
     Input& operator=(const Input&) = delete;
 
 private:
-    std::FILE* kept_;
+    int kept_;  // standard input as found
 };

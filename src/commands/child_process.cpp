@@ -44,18 +44,11 @@ int wait_for(pid_t child, int options = 0)
 }
 
 // Ctrl-C gives up what was typed ahead, too. False once no further key can come.
-bool take_key(bool& stop)
+bool read_ahead(bool& stop)
 {
-    unsigned char key;
-    const ssize_t got = read(STDIN_FILENO, &key, 1);
-    if (got < 0 && (errno == EINTR || errno == EAGAIN)) return true;
-    if (got <= 0) return false;
+    if (!read_keys()) return false;
     alarm(timeout);
-    stop = key == kCtrlC;
-    if (stop)
-        forget_kept_keys();
-    else
-        keep_key(key);
+    stop = forget_keys_up_to(kCtrlC);
     return true;
 }
 
@@ -71,16 +64,15 @@ bool has_ended(int ended, int limit)
 // `ended`: a pipe that the child holds the other end of; it has no more holders once the child has ended.
 void watch(pid_t child, int ended)
 {
-    keep_keys_read_ahead();
     for (bool stop = false; !stop;) {
-        const int keys = has_room_for_key() ? STDIN_FILENO : -1;
+        const int keys = has_room_for_keys() ? STDIN_FILENO : -1;
         pollfd waits[] = {{keys, POLLIN, 0}, {ended, POLLIN, 0}};
         if (poll(waits, 2, -1) < 0) {
             if (errno == EINTR) continue;
             break;
         }
         if (waits[1].revents) return;
-        if (waits[0].revents && !take_key(stop)) break;
+        if (waits[0].revents && !read_ahead(stop)) break;
         if (stop) prn_msg(0, "^C\n");
     }
     show_output();  // the key, before the program's last words

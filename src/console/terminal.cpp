@@ -1,6 +1,5 @@
 #include "console/terminal.h"
 
-#include <cerrno>
 #include <cstdarg>
 #include <iterator>
 #include <termios.h>
@@ -25,18 +24,10 @@ void set_keys(termios& attributes, const cc_t (&keys)[std::size(kSessionKeys)])
     for (std::size_t i = 0; i < std::size(kSessionKeys); ++i) attributes.c_cc[kSessionKeys[i]] = keys[i];
 }
 
-char inputBuffer[4096], outputBuffer[4096];  // a terminal line holds no more than the one; the other takes two screens
-int gathering;                               // GatheredOutputs that exist
+char outputBuffer[4096];  // two screens
+int gathering;            // GatheredOutputs that exist
 
 int flush() { return gathering ? 0 : std::fflush(stdout); }
-
-// A signal that was handled in the middle of a read is no end of the input.
-bool interrupted()
-{
-    if (!std::ferror(stdin) || errno != EINTR) return false;
-    std::clearerr(stdin);
-    return true;
-}
 
 // After a restore gave them back; nothing is written while they are still ours.
 void retake_keys()
@@ -109,14 +100,11 @@ int get_char(int)
         if (keysTaken) retake_keys();
         ttyRaw = 1;
     }
-    int c = take_kept_key();
-    if (c == EOF) show_output();
-    while (c == EOF) {
-        errno = 0;
-        c = std::getc(stdin);
-        if (c == EOF && !interrupted()) break;
+    if (!keys_wait()) {
+        show_output();
+        read_keys();
     }
-    return c;
+    return take_key();
 }
 
 int put_char(int, int c)
@@ -147,16 +135,12 @@ GatheredOutput::GatheredOutput() { ++gathering; }
 GatheredOutput::~GatheredOutput()
 {
     --gathering;
-    flush();
+    if (!keys_wait()) flush();
 }
 
 void show_output() { std::fflush(stdout); }
 
-void buffer_terminal()
-{
-    std::setvbuf(stdin, inputBuffer, _IOFBF, sizeof inputBuffer);
-    std::setvbuf(stdout, outputBuffer, _IOFBF, sizeof outputBuffer);
-}
+void buffer_output() { std::setvbuf(stdout, outputBuffer, _IOFBF, sizeof outputBuffer); }
 
 char* strset(char* s, int c)
 {

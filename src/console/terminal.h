@@ -25,9 +25,10 @@ int put_char(int term, int c);
 int prn_msg(int term, const char* text);                                              // bytes written
 int Printf(int term, const char* format, ...) __attribute__((format(printf, 2, 3)));  // bytes written
 
-// While one exists the writers gather; its end shows the text, in one write where the buffer holds it. A slow line and
-// a slow processor then pay once for all that a key brings. Nothing that waits may leave gathered text behind:
-// show_output comes before it.
+// While one exists the writers gather; its end shows the text, in one write where the buffer holds it. Where further
+// keys have come already, as in a paste, what they bring goes out with it: a slow line and a slow processor pay once
+// for all that one read gave. Nothing waits with text unseen: show_output comes before a read, a request and a
+// program's start.
 class GatheredOutput {
 public:
     GatheredOutput();
@@ -37,9 +38,8 @@ public:
 };
 void show_output();
 
-// Lets standard input and output use buffers of their own: keys are read in blocks, and a text that contains new lines
-// is still one write. Before anything is read or written.
-void buffer_terminal();
+// A text that contains new lines is one write, too. Before anything is written.
+void buffer_output();
 
 char* strset(char* s, int c);
 char* strnset(char* s, int c, unsigned n);

@@ -1,45 +1,45 @@
 #include "console/terminal_keys.h"
 
+#include <cerrno>
 #include <cstddef>
 #include <cstdio>
-#include <fcntl.h>
-#include <initializer_list>
+#include <cstring>
 #include <unistd.h>
 
 namespace {
-unsigned char kept[8192];  // a ring with room for what is read ahead and for a line's queue of 4096 bytes
-std::size_t first, count;
+unsigned char keys[8192];  // room for a block that is being served and for a line's queue of 4096 bytes
+std::size_t first, end;
+
+void move_to_front()
+{
+    std::memmove(keys, keys + first, end - first);
+    end -= first;
+    first = 0;
+}
 }  // namespace
 
-// With nothing behind it standard input ends where its buffer does.
-void keep_keys_read_ahead()
+bool keys_wait() { return first < end; }
+
+bool has_room_for_keys() { return end - first < sizeof keys; }
+
+int take_key() { return keys_wait() ? keys[first++] : EOF; }
+
+bool read_keys()
 {
-    const int line = fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
-    const int nothing = open("/dev/null", O_RDONLY | O_CLOEXEC);
-    if (line >= 0 && nothing >= 0) {
-        dup2(nothing, STDIN_FILENO);
-        for (int key; has_room_for_key() && (key = std::getc(stdin)) != EOF;) keep_key(static_cast<unsigned char>(key));
-        std::clearerr(stdin);
-        dup2(line, STDIN_FILENO);
-    }
-    for (const int each : {line, nothing})
-        if (each >= 0) close(each);
+    move_to_front();
+    ssize_t got;
+    do {  // a signal that was handled in the middle of a read is no end of the input
+        got = read(STDIN_FILENO, keys + end, sizeof keys - end);
+    } while (got < 0 && errno == EINTR);
+    if (got > 0) end += static_cast<std::size_t>(got);
+    return got > 0;
 }
 
-bool has_room_for_key() { return count < sizeof kept; }
-
-void keep_key(unsigned char key)
+bool forget_keys_up_to(unsigned char key)
 {
-    if (has_room_for_key()) kept[(first + count++) % sizeof kept] = key;
+    const void* last = memrchr(keys + first, key, end - first);
+    if (last) first = static_cast<std::size_t>(static_cast<const unsigned char*>(last) - keys) + 1;
+    return last != nullptr;
 }
 
-void forget_kept_keys() { count = 0; }
-
-int take_kept_key()
-{
-    if (count == 0) return EOF;
-    const int key = kept[first];
-    first = (first + 1) % sizeof kept;
-    --count;
-    return key;
-}
+void forget_keys() { first = end = 0; }

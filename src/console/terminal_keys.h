@@ -1,9 +1,14 @@
-// Keys that come while a program runs in front of the key loop. They wait here, older than everything that is still to
-// be read, and get_char gives them first: nothing that is typed or pasted ahead is lost or overtaken.
+// The keys that were read off the line and are not served yet, oldest first. They are read in blocks, by the key loop
+// and while a program runs in front of it, so nothing that is typed or pasted ahead is lost or overtaken.
 #pragma once
 
-void keep_keys_read_ahead();  // what standard input's buffer holds is older than the next key off the line
-bool has_room_for_key();      // no room: further keys are left to the line, which makes their sender wait
-void keep_key(unsigned char key);
-void forget_kept_keys();
-int take_kept_key();  // EOF: there is none
+bool keys_wait();
+bool has_room_for_keys();  // no room: further keys are left to the line, which makes their sender wait
+int take_key();            // a byte, 0 to 255; EOF: none waits
+
+// Reads what the line has, and waits for a key when it has none. False: the input has ended, no further key can come.
+bool read_keys();
+
+// Forgets the last key of that kind and all before it; false when there is none.
+bool forget_keys_up_to(unsigned char key);
+void forget_keys();

@@ -153,7 +153,7 @@ void run_front_end(int argc, char** argv)
     prctl(PR_SET_DUMPABLE, 0);  // passwords are typed here: no core dump has them
     // No locale is set: the console has one language, and the environment may be a remote peer's.
     start_signals();
-    buffer_terminal();
+    buffer_output();
     setpriority(PRIO_PROCESS, 0, 0);
     initproctitle(argc, argv);
     const Options options = read_options(argc, argv);

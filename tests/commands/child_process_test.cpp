@@ -12,6 +12,7 @@
 #include "commands/ping.h"
 #include "commands/running_action.h"
 #include "commands/shell.h"
+#include "console/terminal_keys.h"
 
 namespace {
 constexpr std::uint32_t kPing = 40, kPingParm = 41, kShowArpTable = 96, kZDebugShell = 184;
@@ -50,6 +51,7 @@ protected:
         EXPECT_GE(file, 0);
         dup2(file, STDIN_FILENO);
         close(file);
+        forget_keys();
     }
 
     std::string folder_, keys_;  // a program presses keys by writing them to the second

@@ -1,11 +1,11 @@
 #include "console/typed_input.h"
 
-#include <cstdio>
 #include <unistd.h>
 
 #include "cli/execute.h"
 #include "console/console_process.h"
 #include "console/password.h"
+#include "console/terminal_keys.h"
 #include "prompts/engine.h"
 
 std::vector<Reached> reached;
@@ -17,7 +17,6 @@ void process_staged_input(Session& slot) { reached.push_back({slot.key, true}); 
 void TypedInput::SetUp()
 {
     input_ = dup(STDIN_FILENO);
-    std::setvbuf(stdin, nullptr, _IONBF, 0);
     type("");
     testing::internal::CaptureStdout();
     init_session(slot, 0);
@@ -32,7 +31,6 @@ void TypedInput::TearDown()
     alarm(0);
     dup2(input_, STDIN_FILENO);
     close(input_);
-    std::clearerr(stdin);
 }
 
 void TypedInput::type(std::string_view keys)
@@ -43,7 +41,7 @@ void TypedInput::type(std::string_view keys)
     close(ends[1]);
     dup2(ends[0], STDIN_FILENO);
     close(ends[0]);
-    std::clearerr(stdin);
+    forget_keys();
 }
 
 std::string TypedInput::serve()
