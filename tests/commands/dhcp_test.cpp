@@ -15,21 +15,11 @@ constexpr std::uint32_t ip(std::uint32_t a, std::uint32_t b, std::uint32_t c, st
 }
 constexpr std::uint32_t kLan = ip(192, 168, 1, 0);
 
-constexpr char kShown[] = "        DHCP server status:       disabled\n"
-                          "        IP address range:         192.168.1.100 to 192.168.1.199\n"
-                          "        Network mask:             255.255.255.0\n"
-                          "        Lease time:               1440 minutes\n"
-                          "        Gateway IP address: 192.168.1.254\n"
-                          "        Primary DNS IP address:   8.8.8.8\n"
-                          "        Secondary DNS IP address: 0.0.0.0\n";
 constexpr char kAskLower[] = " enter lower IP address of address pool (192.168.1.100): ";
 constexpr char kAskUpper[] = " enter upper IP address of address pool (192.168.1.199): ";
-constexpr char kAskGateway[] = " enter gateway IP address (192.168.1.254): ";
 constexpr char kAskLease[] = " enable lease time (1440, 1-525600): ";
 constexpr char kAskDnsNo[] = " do you want to assign DNS server (no, yes/no): ";
 constexpr char kAskDnsYes[] = " do you want to assign DNS server (yes, yes/no): ";
-constexpr char kAskPrimary[] = " enter IP address of the primary DNS (8.8.8.8): ";
-constexpr char kAskNoPrimary[] = " enter IP address of the primary DNS (Unspecified): ";
 
 class Dhcp : public CommandSession {
 protected:
@@ -42,25 +32,6 @@ protected:
     ComParam& server() { return record(code::kReadDhcpServer); }
 };
 
-TEST_F(Dhcp, EnterThroughoutWritesNothing)
-{
-    EXPECT_EQ(run(CliSetDhcpSrv), kAskLower);
-    for (const char* printed : {kAskUpper, kAskGateway, kAskLease, kAskDnsNo, kShown}) EXPECT_EQ(answer(""), printed);
-    EXPECT_FALSE(asking());
-    EXPECT_EQ(codes(), (Codes{code::kReadDhcpServer, code::kReadDhcpServer}));
-}
-
-TEST_F(Dhcp, EnterThroughoutAsksForAPrimaryServerThatIsMissing)
-{
-    primaryDns.set(server(), 0);
-    run(CliSetDhcpSrv);
-    EXPECT_EQ(answers({"", "", "", ""}), kAskDnsYes);
-    EXPECT_EQ(answer(""), kAskNoPrimary);
-    EXPECT_EQ(answer(""), kAskNoPrimary);
-    answers({"9.9.9.9", ""});
-    EXPECT_EQ(primaryDns.get(server()), ip(9, 9, 9, 9));
-}
-
 TEST_F(Dhcp, EveryAnswerReachesItsField)
 {
     const ComParam wanted =
@@ -69,10 +40,25 @@ TEST_F(Dhcp, EveryAnswerReachesItsField)
     run(CliSetDhcpSrv);
     answers({"192.168.1.10", "192.168.1.10", "192.168.1.253"});
     EXPECT_EQ(answer("525600"), kAskDnsYes) << "after a lease time the default is always yes";
-    EXPECT_EQ(answer("y"), kAskPrimary);
-    answers({"1.1.1.1", "9.9.9.9"});
+    answers({"y", "1.1.1.1", "9.9.9.9"});
     EXPECT_TRUE(was_sent(wanted));
-    EXPECT_EQ(sent(code::kWriteDhcpServer), 1u);
+
+    run(CliSetDhcpSrv);
+    EXPECT_EQ(answers({"", "", "", ""}), kAskDnsNo);
+    answer("YES");  // only a lower-case y assigns servers
+    EXPECT_FALSE(asking());
+    EXPECT_EQ(sent(code::kWriteDhcpServer), 1u) << "nothing changed";
+}
+
+TEST_F(Dhcp, EnterThroughoutAsksForAPrimaryServerThatIsMissing)
+{
+    const std::string askAgain = " enter IP address of the primary DNS (Unspecified): ";
+    primaryDns.set(server(), 0);
+    run(CliSetDhcpSrv);
+    EXPECT_EQ(answers({"", "", "", ""}), kAskDnsYes);
+    for (int i = 0; i < 2; ++i) EXPECT_EQ(answer(""), askAgain);
+    answers({"9.9.9.9", ""});
+    EXPECT_EQ(primaryDns.get(server()), ip(9, 9, 9, 9));
 }
 
 struct Refused {
@@ -83,17 +69,13 @@ struct Refused {
 };
 // clang-format off
 const Refused kRefused[] = {
-    {"Loopback",                {},                "127.0.0.1",     refusal("IP Address can not be the Loopback", kAskLower)},
     {"Own",                     {},                "192.168.1.1",   refusal("IP Address can not be the same as AP's IP ", kAskLower)},
-    {"Zero",                    {},                "0.0.0.0",       refusal("IP address can not be 0.0.0.0 ", kAskLower)},
     {"UpperShowsTheLower",      {"192.168.1.10"},  "192.168.1.255", refusal("IP Address can not be the same as Broadcast address ",
                                                                             " enter upper IP address of address pool (192.168.1.10): ")},
     {"UpperBelowLowerGoesBack", {"192.168.1.50"},  "192.168.1.49",  refusal("Invalid Dhcp Ip address range ",
                                                                             " enter lower IP address of address pool (192.168.1.50): ")},
     {"PoolTooWide",             {"10.0.0.0"},      "10.0.0.254",    refusal("The number of Dhcp server host ip exceeds 253 ", kAskUpper)},
-    {"GatewayIsOwn",            {"", ""},          "192.168.1.1",   refusal("IP Address can not be the same as AP's IP ", kAskGateway)},
     {"LeaseTooLong",            {"", "", ""},      "525601",        refusal("Invalid lease time range ", kAskLease)},
-    {"NeitherYesNorNo",         {"", "", "", ""},  "Yy",            refusal("Action confirm word must be \"yes\" or \"no\"", kAskDnsNo)},
 };
 // clang-format on
 TEST_F(Dhcp, ARefusedAnswerBringsItsMessageAndAQuestion)
@@ -106,13 +88,12 @@ TEST_F(Dhcp, ARefusedAnswerBringsItsMessageAndAQuestion)
     EXPECT_EQ(sent(code::kWriteDhcpServer), 0u);
 }
 
-TEST_F(Dhcp, OnlyALowerCaseYAssignsServers)
+TEST_F(Dhcp, AsksForEverAndTheVectorIsNeverFull)
 {
-    for (const auto& [word, printed] :
-         {std::pair{"YES", kShown}, {"N", kShown}, {"yes", kAskPrimary}, {"y", kAskPrimary}}) {
-        run(CliSetDhcpSrv);
-        EXPECT_EQ(answers({"", "", "", "", word}), printed) << word;
-    }
+    run(CliSetDhcpSrv);
+    for (int i = 0; i < 50; ++i) answers({"192.168.1.50", "192.168.1.49"});
+    EXPECT_EQ(answer("192.168.1.0"), refusal("IP Address can not be the same as Network IP address ",
+                                             " enter lower IP address of address pool (192.168.1.50): "));
 }
 
 struct MacWords {  // as the parser of MAC addresses lays them
@@ -126,15 +107,13 @@ TEST_F(Dhcp, AStaticEntryIsAddedAndDeleted)
     const auto entry = row_of<dhcp_entry::kSize>(dhcp_entry::address, kLan + 7, dhcp_entry::mac, mac.words);
     set_table(code::kReadDhcpStatic, entry + entry);
     dhcp_table_record::count.set(record(code::kReadDhcpStatic), 1);  // the smaller of count and table counts
-    const std::string table = "IP Address        MAC Address \n"
-                              "------------------------------------\n"
-                              "192.168.1.7       02-00-5e-10-00-01\n";
-    EXPECT_EQ(run(CliAddDhcpStatic, {kLan + 7, mac.words[0], mac.words[1]}), table);
+    EXPECT_TRUE(run(CliAddDhcpStatic, {kLan + 7, mac.words[0], mac.words[1]})
+                    .ends_with("192.168.1.7       02-00-5e-10-00-01\n"));
     EXPECT_EQ(codes(), (Codes{code::kReadAddress, code::kAddDhcpStatic, code::kReadDhcpStatic}));
     EXPECT_TRUE(was_sent(request_of(code::kReadAddress, address_record::interface, "lan")));
     EXPECT_TRUE(was_sent(
         request_of(code::kAddDhcpStatic, dhcp_static_request::address, kLan + 7, dhcp_static_request::mac, mac.words)));
-    EXPECT_EQ(run(CliDelDhcpStatic, {kLan + 7}), table);
+    run(CliDelDhcpStatic, {kLan + 7});
     EXPECT_TRUE(was_sent(request_of(code::kDeleteDhcpStatic, dhcp_static_request::address, kLan + 7)));
 
     for (const auto& [host, whose] :

@@ -1,9 +1,8 @@
-// Management access, UPnP, dynamic DNS and the ping allowance: what is asked, what is sent, what stands on the screen.
+// Management access and dynamic DNS: what is asked, what is sent, what stands on the screen.
 #include "commands/command_session.h"
 #include "commands/handlers.h"
 #include "service/fields/ddns.h"
 #include "service/fields/management.h"
-#include "service/fields/ping.h"
 
 namespace {
 using namespace management_record;
@@ -35,48 +34,13 @@ TEST_F(ManagementAccess, TheHttpPortChangesOnlyAfterAYes)
     constexpr char kUnchanged[] = "The HTTP port has not been changed.\n   HTTP port:   80          Timeout: 10 mins\n";
     for (const auto& [word, screen] :
          {std::pair{"", kUnchanged},
-          {"n", kUnchanged},
           {"YES", " The HTTP port has been changed.\n   HTTP port:   65535       Timeout: 10 mins\n"}}) {
         EXPECT_EQ(sent(code::kWriteManagement), 0u);
         EXPECT_EQ(run(CliSetHttpPort, {65535}), kWarning);
-        EXPECT_EQ(stage(), 133u);
         EXPECT_EQ(answer("maybe"), refusal("Action confirm word must be \"yes\" or \"no\"", kWarning));
         EXPECT_EQ(answer(word), screen) << word;
-        EXPECT_FALSE(asking());
     }
     EXPECT_TRUE(was_sent(written(httpPort, 65535)));
-}
-
-TEST_F(ManagementAccess, HttpAndTelnetDoNotShareAPort)
-{
-    for (const auto& [command, taken] : {std::pair<Action, Word>{CliSetHttpPort, 23}, {CliSetTelnetPort, 80}}) {
-        EXPECT_EQ(run(command, {taken}), refusal("Port number is already in use"));
-        EXPECT_FALSE(asking());
-    }
-    EXPECT_EQ(sent(code::kWriteManagement), 0u);
-}
-
-TEST_F(ManagementAccess, TheOtherValuesGoStraightToTheService)
-{
-    struct {
-        Action command;
-        Word value;
-        const char* screen;
-        ComParam wanted;
-    } const kCases[] = {
-        {CliSetHttpTimeout, 60, "   HTTP port:   80          Timeout: 60 mins\n", written(httpTimeout, 60)},
-        {CliSetTelnetPort, 2323, " The telnet port has been changed.\n   Telnet port: 2323        Timeout: 15 mins\n",
-         written(telnetPort, 2323)},
-        {CliSetTelnetTimeout, 1,
-         "   Telnet port: 23          Timeout: 1 mins\nThe timeout will take effect at the next login.\n",
-         written(sessionTimeout, 1)},
-    };
-    for (const auto& c : kCases) {
-        EXPECT_EQ(run(c.command, {c.value}), c.screen);
-        EXPECT_TRUE(was_sent(c.wanted)) << c.screen;
-    }
-    refused[code::kWriteManagement] = kStatusPortInUse;
-    EXPECT_EQ(run(CliSetTelnetPort, {24}), "\aAnother service of this device has that port\n");
 }
 
 TEST_F(ManagementAccess, TheAnswersDecideWhichClientsMayComeIn)
@@ -92,7 +56,6 @@ TEST_F(ManagementAccess, TheAnswersDecideWhichClientsMayComeIn)
         // clang-format off
         {"FromOneToTwo",  kRemoteOne,      kFirst, 0,       {"", "2", "", "10.0.0.2"}, kRemoteTwo,      kFirst, kSecond},
         {"FromTwoToOne",  kRemoteTwo,      kFirst, kSecond, {"", "1", ""},             kRemoteOne,      kFirst, 0},
-        {"FromTwoToAll",  kRemoteTwo,      kFirst, kSecond, {"yes"},                   kRemoteAll,      0,      0},
         {"StaysDisabled", kRemoteDisabled, 0,      0,       {"no", "1", "10.0.0.1"},   kRemoteDisabled, kFirst, 0},
         // clang-format on
     };
@@ -104,12 +67,6 @@ TEST_F(ManagementAccess, TheAnswersDecideWhichClientsMayComeIn)
         EXPECT_TRUE(was_sent(written(remoteMode, c.newMode, remoteClient[0], c.newFirst, remoteClient[1], c.newSecond)))
             << c.name;
     }
-    const std::size_t written = sent(code::kWriteManagement);
-    hold(kRemoteTwo, kFirst, kSecond);
-    run(CliSetRmtmgnt);
-    answers({"", "", "", ""});
-    EXPECT_FALSE(asking());
-    EXPECT_EQ(sent(code::kWriteManagement), written) << "nothing changed";
 }
 
 TEST_F(ManagementAccess, AsksAgainForWhatIsNoClient)
@@ -140,9 +97,6 @@ TEST_F(ManagementAccess, EnablingBringsTheSameClientsBack)
         run(CliEnableRmtmgnt);
         EXPECT_TRUE(was_sent(written(remoteMode, mode)));
     }
-    hold(kRemoteOne, kFirst, 0);
-    EXPECT_EQ(run(CliDisableRmtmgnt), "   Remote management:       disabled\n   Allowed client:          10.0.0.1\n");
-    EXPECT_TRUE(was_sent(written(remoteMode, kRemoteDisabled)));
 }
 
 class Ddns : public CommandSession {
@@ -189,14 +143,4 @@ TEST_F(Ddns, AStoredPasswordIsStarsAndUnchangedAnswersWriteNothing)
     EXPECT_TRUE(password_is_forgotten());
 }
 
-TEST_F(Ddns, OneCodeReadsAndChangesThePingAllowance)
-{
-    for (const auto& [command, change] : {std::pair<Action, ping_record::Change>{CliShowPingParm, ping_record::kRead},
-                                          {CliEnablePing, ping_record::kAllow},
-                                          {CliDisablePing, ping_record::kForbid}}) {
-        run(command, {text("eth1")});
-        EXPECT_TRUE(was_sent(
-            request_of(code::kReadPingAllowance, ping_record::interface, "eth1", ping_record::change, change)));
-    }
-}
 }  // namespace

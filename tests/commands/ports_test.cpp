@@ -1,10 +1,9 @@
 #include "commands/command_session.h"
 #include "service/fields/interfaces.h"
 #include "service/fields/ports.h"
-#include "service/fields/system.h"
 
 namespace {
-constexpr std::uint32_t kShowPort = 86, kClientTable = 109, kShowSyslan = 131, kClearSyslan = 132;
+constexpr std::uint32_t kShowSyslan = 131, kClearSyslan = 132;
 
 std::string port_entry(std::uint8_t type, const char* name, const char* port, std::uint32_t flags = 0)
 {
@@ -13,23 +12,6 @@ std::string port_entry(std::uint8_t type, const char* name, const char* port, st
 }
 
 using PortCommands = CommandSession;
-
-TEST_F(PortCommands, ShowPortListsAllButBridges)
-{
-    constexpr unsigned char kLanMac[] = {2, 0, 0x5E, 0x10, 0, 0xAB}, kWlanMac[] = {2, 0, 0x5E, 0x10, 0, 0x10};
-    fill(record(code::kReadSystem), system_record::links, system_record::kLanUp, system_record::lanMac, kLanMac,
-         system_record::wirelessMac, kWlanMac);
-    set_table(code::kReadPort, port_entry(interface_entry::kEthernet, "eth1", "wan") +
-                                   port_entry(interface_entry::kBridge, "br0", "bridge") +
-                                   port_entry(interface_entry::kEthernet, "eth0", "lan") +
-                                   port_entry(interface_entry::kWireless, "wlan0", "wlan") + "cut short");
-    EXPECT_EQ(RunningAction(kShowPort).run(), "Port Name   MAC address        Description     State\n"
-                                              "----------------------------------------------------\n"
-                                              "wan         n/a                wan             n/a  \n"
-                                              "lan         02-00-5e-10-00-ab  lan             Up   \n"
-                                              "wlan        02-00-5e-10-00-10  wlan            Down \n");
-    EXPECT_EQ(codes(), (Codes{code::kReadPort, code::kReadSystem}));
-}
 
 TEST_F(PortCommands, TheLastInterfaceWithTheFlagIsShownOrCleared)
 {
@@ -43,21 +25,4 @@ TEST_F(PortCommands, TheLastInterfaceWithTheFlagIsShownOrCleared)
     EXPECT_EQ(RunningAction(kClearSyslan).run(), " error occurs: 15\n\n");
 }
 
-TEST_F(PortCommands, WirelessClients)
-{
-    std::string table;
-    for (std::uint8_t state = 1; state <= 6; ++state) {
-        const unsigned char mac[] = {2, 0, 0x5E, 0x20, 0xAB, state};
-        table +=
-            row_of<wireless_client_entry::kSize>(wireless_client_entry::mac, mac, wireless_client_entry::state, state);
-    }
-    set_table(code::kReadWirelessClients, table + "cut short");
-    EXPECT_EQ(RunningAction(kClientTable).run(), "MAC Address          State\n----------------------------------\n"
-                                                 "02-00-5E-20-AB-01    Authenticated\n"
-                                                 "02-00-5E-20-AB-02    Associated\n"
-                                                 "02-00-5E-20-AB-03    Authorized\n"
-                                                 "02-00-5E-20-AB-04    Deny by ACL\n"
-                                                 "02-00-5E-20-AB-05    Unauthorized\n"
-                                                 "02-00-5E-20-AB-06    Unauthorized\n");
-}
 }  // namespace

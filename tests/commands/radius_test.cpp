@@ -97,37 +97,10 @@ TEST_F(RadiusCommands, AddRefusesAnswers)
     EXPECT_EQ(enabled.get(primary), 0);
 }
 
-TEST_F(RadiusCommands, EntriesAreEnabledDisabledAndDeleted)
+TEST_F(RadiusCommands, ValuesForBothHaveLimits)
 {
-    struct {
-        std::uint32_t enable, disable, remove;
-        std::string name, title;
-    } const kEntries[] = {{31, 22, 15, "primary", "Primary"}, {32, 23, 16, "secondary", "Secondary"}};
-    for (const auto& c : kEntries) {
-        const std::vector<std::string> wanted{"370 " + c.name, "371 " + c.name, "373 " + c.name};
-        EXPECT_EQ(run(c.enable), c.title + " radius server is enabled.\n");
-        EXPECT_EQ(asks, wanted);
-        EXPECT_EQ(enabled.get(entries[c.name]), 1);
-        EXPECT_EQ(run(c.disable), c.title + " radius server is disabled.\n");
-        EXPECT_EQ(asks, wanted);
-        EXPECT_EQ(enabled.get(entries[c.name]), 0);
-        EXPECT_EQ(run(c.remove), c.name + " radius server is deleted\r\n ");
-        EXPECT_EQ(asks, std::vector<std::string>{"375 " + c.name});
-    }
-}
-
-TEST_F(RadiusCommands, WhatHoldsForBoth)
-{
-    EXPECT_EQ(run(kSetRetry, 3), "Radius server reattempt is 3 times.\n");
+    EXPECT_EQ(run(kSetRetry, 5), "Radius server reattempt is 5 times.\n");
     EXPECT_EQ(asks, (std::vector<std::string>{"370 primary", "370 secondary", "371 primary", "371 secondary"}));
-    for (const int on : {1, 0}) {
-        EXPECT_EQ(run(on ? kEnableMac : kDisableMac),
-                  std::string("RADIUS MAC access control is ") + (on ? "enabled\n" : "disable\n"));
-        for (const ComParam* each : {&primary, &secondary}) {
-            EXPECT_EQ(macControl.get(*each), on);
-            EXPECT_EQ(retries.get(*each), 3);
-        }
-    }
     EXPECT_EQ(run(kSetReattempt, 60), "Radius server reattempt is 60 minutes.\n");
     EXPECT_EQ(asks, std::vector<std::string>{"372"});
     for (const auto& [command, value] :

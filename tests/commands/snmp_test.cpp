@@ -1,12 +1,7 @@
-// SNMP: communities, state, trap managers and the kernel's counters.
-#include <fstream>
-#include <unistd.h>
-
+// SNMP: the write community and the trap managers.
 #include "commands/command_session.h"
 #include "commands/handlers.h"
-#include "commands/snmp_statistics.h"
 #include "service/fields/snmp.h"
-#include "service/fields/system.h"
 
 namespace {
 class Snmp : public CommandSession {
@@ -44,49 +39,4 @@ TEST_F(Snmp, TrapManagersAreAddedSwitchedAndDeletedByName)
     }
 }
 
-class SnmpStatistics : public Snmp {
-protected:
-    SnmpStatistics()
-    {
-        fill(record(code::kReadSystem), system_record::name, "router", system_record::upTime, 90061);
-        path_ = testing::TempDir() + "snmp-statistics-" + std::to_string(getpid());
-        snmpStatisticsPath = path_.c_str();
-    }
-    ~SnmpStatistics() override
-    {
-        unlink(path_.c_str());
-        snmpStatisticsPath = "/proc/net/snmp";
-    }
-
-    std::string shown(const std::string& content)
-    {
-        std::ofstream(path_) << content;
-        const std::string head = "   System Name: router                    Up Time: 90061 seconds\n";
-        const std::string printed = run(CliShowSnmpStat);
-        EXPECT_EQ(printed.substr(0, head.size()), head);
-        return printed.substr(std::min(head.size(), printed.size()));
-    }
-
-    std::string path_;
-};
-
-TEST_F(SnmpStatistics, PairsTheKernelsNamesAndValues)
-{
-    EXPECT_EQ(shown("Ip: Forwarding DefaultTTL InReceives\nIp: 2 64 4294967295\n"
-                    "IcmpMsg: InType3\nIcmpMsg: 1\n"
-                    "Tcp: MaxConn\nTcp: -1\n"),
-              "\n   Ip\n     Forwarding                   2     DefaultTTL                  64\n"
-              "     InReceives          4294967295\n"
-              "\n   Tcp\n     MaxConn                     -1\n");
-}
-
-TEST_F(SnmpStatistics, ShowsWhatThereIsOfADamagedFile)
-{
-    EXPECT_EQ(shown("Ip: A B C\nIp: 1\n"), "\n   Ip\n     A                            1\n");
-    for (const std::string& damaged : {std::string(), std::string("Ip: A\n"), std::string("Ip: A\nTcp: 1\n"),
-                                       std::string("\n\n"), "Ip: " + std::string(5000, 'x') + "\nIp: 1\n"})
-        EXPECT_EQ(shown(damaged), "") << damaged;
-    snmpStatisticsPath = "/no/such/file";
-    EXPECT_EQ(run(CliShowSnmpStat).substr(65), "Can't open /no/such/file\n");
-}
 }  // namespace

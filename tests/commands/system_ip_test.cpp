@@ -8,12 +8,7 @@ namespace {
 using namespace address_record;
 
 constexpr std::uint32_t kOwn = 0xC0A80101, kMask = 0xFFFFFF00, kRouter = 0xC0A801FE;  // 192.168.1.1/24, .254
-constexpr char kAskModeNo[] = " obtain IP address automatically (no, yes/no): ";
 constexpr char kAskModeYes[] = " obtain IP address automatically (yes, yes/no): ";
-constexpr char kAskAddress[] = " IP address (192.168.1.1): ";
-constexpr char kAskNetmask[] = " IP subnet mask (255.255.255.0): ";
-constexpr char kAskGateway[] = " gateway IP address (192.168.1.254): ";
-constexpr char kAskDns[] = " primary DNS IP address (0.0.0.0): ";
 constexpr char kShown[] = "        IP address :                192.168.1.1\n"
                           "        IP netmask:                 255.255.255.0\n"
                           "        Default gateway IP address: 10.0.0.1\n"
@@ -34,26 +29,6 @@ protected:
     }
     ComParam& lan() { return record(code::kReadAddress); }
 };
-
-TEST_F(SystemIp, EnterThroughoutWritesNothing)
-{
-    EXPECT_EQ(run(CliSetSystemIP), kAskModeNo);
-    for (const char* printed : {kAskAddress, kAskNetmask, kAskGateway, kAskDns}) EXPECT_EQ(answer(""), printed);
-    EXPECT_TRUE(answer("").starts_with(kShown));
-    EXPECT_FALSE(asking());
-    EXPECT_EQ(sent(code::kWriteAddress), 0u);
-    EXPECT_TRUE(was_sent(request_of(code::kReadAddress, interface, "lan")));
-}
-
-TEST_F(SystemIp, EveryAnswerReachesItsField)
-{
-    const ComParam wanted = rewritten(code::kReadAddress, code::kWriteAddress, address, 0x0A000002, netmask, 0xFFFF0000,
-                                      gateway, 0x0A000001, primaryDns, 0x08080808);
-    run(CliSetSystemIP);
-    EXPECT_EQ(answers({"no", "10.0.0"}), refusal("Invalid IP address", kAskAddress));
-    EXPECT_TRUE(answers({"10.0.0.2", "255.255.0.0", "10.0.0.1", "8.8.8.8"}).starts_with(kShown));
-    EXPECT_TRUE(was_sent(wanted));
-}
 
 TEST_F(SystemIp, AutomaticAsksNothingMoreAndIsAlwaysWritten)
 {

@@ -36,22 +36,6 @@ protected:
     RunningAction action{kSetPortWlan};
 };
 
-TEST_F(WirelessDialogue, EmptyAnswersWriteNothing)
-{
-    EXPECT_EQ(action.play({"", "", "", "", "", "", "", "", ""}),
-              " enter network name (office): "
-              " disable SSID broadcasting (no, yes/no): "
-              " select regulatory domain (fcc, fcc/etsi/france/spain/japan): "
-              " enter channel number (6, 1-11): "
-              " enable WEP encryption (no, yes/no): "
-              " enter rts/cts threshold (2347, 256-2432): "
-              " enter fragment threshold (2346, 256-2346): "
-              " enter beacon interval (mini-seconds) (100, 1-1000): "
-              " enter DTIM interval (1, 1-65535): ");
-    EXPECT_EQ(action.call.stage, 0u);
-    EXPECT_EQ(codes(), Codes{code::kReadWirelessSettings});
-}
-
 TEST_F(WirelessDialogue, StoresWhatIsAnswered)
 {
     const ComParam wanted = rewritten(code::kReadWirelessSettings, code::kWriteWirelessSettings, networkName,
@@ -131,16 +115,4 @@ TEST_F(WirelessDialogue, AnyAcceptedLengthGivesFourShortKeys)
     }
 }
 
-TEST_F(WirelessDialogue, AStoredLengthDecidesTheGeneratedKeys)
-{
-    fill(stored, keyIndex, 1, keyLength, k128Bit);
-    action.play({"", "", "", "", "", "", "yes", "secret", "", "", "", "", ""});
-    unsigned char generated[kWep128KeySize];
-    wep_keygen128("secret", generated);
-    for (unsigned n = 0; n < kWepKeys; n++) {
-        EXPECT_EQ(keyType[n].get(stored), wireless_record::kHex128);
-        EXPECT_EQ(key_of(n, kWep128KeySize), std::string(reinterpret_cast<char*>(generated), kWep128KeySize));
-    }
-    EXPECT_EQ(text_of(passphrase), "secret");
-}
 }  // namespace

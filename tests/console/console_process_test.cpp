@@ -1,7 +1,4 @@
-#include <cstdlib>
 #include <cstring>
-#include <fcntl.h>
-#include <termios.h>
 #include <unistd.h>
 
 #include "cli/edit_context.h"
@@ -19,10 +16,8 @@ struct Folding {
 };
 void PrintTo(const Folding& folding, std::ostream* out) { *out << folding.name; }
 const Folding kFoldings[] = {
-    {"PlainKeys", "a~\x7f", {'a', '~', 127}},
     {"ByteAbove127IsNegative", "\xc8", {-56}},
     {"NulIsNoKey", "a\0b"s, {'a', 'b'}},
-    {"CursorUp", "\x1b[Az", {-65, 'z'}},
     {"EverythingUpToTheBracketIsSwallowed", "\x1bO\x03\nx[B", {-66}},
     {"NulBehindTheBracketIsSkipped", "\x1b[\0\0C"s, {-67}},
     {"NoBracketAtAll", "\x1b" + std::string(10001, 'x') + "Qz", {-'Q', 'z'}},
@@ -50,15 +45,6 @@ TEST_F(KeyLoop, EndsWithTheInputWhereverThatIs)
         EXPECT_EQ(passes, 0) << keys;
         EXPECT_TRUE(reached.empty()) << keys;
     }
-}
-
-TEST_F(KeyLoop, GivesKeysToTheDialogueWhileOneIsOpen)
-{
-    slot.call.stage = 133;
-    type("y");
-    serve();
-    EXPECT_EQ(reached, (std::vector<Reached>{{'y', true}}));
-    EXPECT_EQ(slot.state, kLoggedIn);
 }
 
 TEST_F(KeyLoop, CtrlCDropsTheLineAndTheDialogue)
@@ -116,29 +102,4 @@ TEST_F(KeyLoop, StartsTheLoginAgainOrEndsTheSession)
     EXPECT_EQ(slot.state, kEnding);
 }
 
-// On a terminal of its own: none of the keys that the editors take may stop the output or become a signal.
-TEST(SessionSetUp, LeavesNoSignalOrStopKeyOnTheTerminal)
-{
-    const int master = posix_openpt(O_RDWR | O_NOCTTY);
-    ASSERT_GE(master, 0);
-    ASSERT_EQ(grantpt(master), 0);
-    ASSERT_EQ(unlockpt(master), 0);
-    const int line = open(ptsname(master), O_RDWR | O_NOCTTY);
-    ASSERT_GE(line, 0);
-    const int input = dup(STDIN_FILENO);
-    dup2(line, STDIN_FILENO);
-
-    testing::internal::CaptureStdout();
-    console_init();
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
-
-    termios attributes;
-    ASSERT_EQ(tcgetattr(line, &attributes), 0);
-    for (const int key : {VSTOP, VINTR, VQUIT}) EXPECT_EQ(attributes.c_cc[key], _POSIX_VDISABLE);
-    EXPECT_TRUE(attributes.c_lflag & ISIG);
-    for (const Session& each : session) EXPECT_EQ(each.state, kLoginNeeded);
-
-    dup2(input, STDIN_FILENO);
-    for (const int descriptor : {input, line, master}) close(descriptor);
-}
 }  // namespace

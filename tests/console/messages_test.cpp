@@ -40,9 +40,7 @@ void PrintTo(const Wrap& wrap, std::ostream* out) { *out << wrap.name; }
 constexpr Wrap kWraps[] = {
     {"SeventyNineColumnsFit", 79 - 34, " Error: \"", "\" is not a legal keyword."},
     {"EightyDoNot", 80 - 34, " Error: \"", "\" is not a legal\n keyword."},
-    {"TheWordItselfFillsTheLine", 79 - 10, " Error: \"", "\"\n is not a legal keyword."},
     {"TheWordStartsTheNextLine", 80 - 10, " Error:\n \"", "\" is\n not a legal keyword."},
-    {"AWordLongerThanALineStaysWhole", 200, " Error:\n \"", "\"\n is not a legal keyword."},
 };
 class PrintMsgWraps : public testing::TestWithParam<Wrap> {};
 TEST_P(PrintMsgWraps, BeforeAWordThatWouldReachColumnEighty)
@@ -97,14 +95,4 @@ TEST(PatchMsg, PrintsAPatchAsItStands)
     EXPECT_LT(composed(kWdsPeerDeleteFailed).size(), kMessageSize);
 }
 
-TEST(PatchMsg, ReplacesTheCatalogTextForGoodInAnyOtherMode)
-{
-    const CatalogEntry kept = errMsg[kHostnameLength];
-    PatchMsg(1, kHostnameLength, 50);
-    EXPECT_EQ(printed(kHostnameLength), " Error: Hostname is a string of up to 50 characters\a\n");
-    EXPECT_EQ(printed(kHostnameLength), " Error: Hostname is a string of up to 50 characters\a\n");
-    PatchMsg(1, kHostnameLength);
-    EXPECT_EQ(printed(kHostnameLength), " Error: Hostname is a string of up to 50 characters\a\n");
-    errMsg[kHostnameLength].flags = kept.flags;
-}
 }  // namespace

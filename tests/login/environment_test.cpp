@@ -1,42 +1,12 @@
 #include <cstdio>
 #include <cstdlib>
 #include <gtest/gtest.h>
-#include <map>
 #include <string>
 #include <unistd.h>
 
 #include "login/environment.h"
 
 namespace {
-using Variables = std::map<std::string, std::string>;
-
-constexpr char kRootPath[] = "/usr/local/sbin:/usr/local/bin:/sbin:/bin:/usr/sbin:/usr/bin";
-
-TEST(Environment, IsEmptiedButForTheTerminalType)
-{
-    clearenv();
-    for (const char* variable : {"HOME", "LD_PRELOAD", "MAIL", "PATH"}) setenv(variable, "/evil", 1);
-    setenv("TERM", "vt100", 1);
-    char home[] = "/root", shell[] = "/bin/sh";
-    passwd user{};
-    user.pw_dir = home;
-    user.pw_shell = shell;
-
-    set_environment(user, "root", false);
-
-    Variables after;
-    for (char** variable = environ; *variable; ++variable) {
-        const std::string text = *variable;
-        after[text.substr(0, text.find('='))] = text.substr(text.find('=') + 1);
-    }
-    EXPECT_EQ(after, (Variables{{"HOME", "/root"},
-                                {"PATH", kRootPath},
-                                {"SHELL", "/bin/sh"},
-                                {"TERM", "vt100"},
-                                {"MAIL", "/var/mail/root"},
-                                {"LOGNAME", "root"}}));
-}
-
 TEST(QuietLogin, IsAskedForByAReadableFileInTheHome)
 {
     char home[] = "/tmp/quiet_login_XXXXXX";

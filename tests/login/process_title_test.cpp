@@ -48,13 +48,4 @@ TEST_F(ProcessTitle, IsCutToTheSpaceLessTwo)
     EXPECT_STREQ(argv_[0], "login --");
 }
 
-TEST_F(ProcessTitle, TooLongTextChangesNothing)
-{
-    lay_out({"login"}, {"A=" + std::string(4000, 'x')});
-    initproctitle(1, argv_.data());
-    setproctitle("login", std::string(2048 - 5 - 5 + 1, 'u').c_str());
-    EXPECT_STREQ(argv_[0], "login");
-    setproctitle("login", std::string(2048 - 5 - 5, 'u').c_str());
-    EXPECT_EQ(std::strlen(argv_[0]), 2047u);
-}
 }  // namespace

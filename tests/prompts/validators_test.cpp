@@ -7,61 +7,32 @@ namespace {
 // clang-format off
 constexpr ParserCase kCases[] = {
     {"RadiusPortLast",         parse_radius_port,        "65535",      kOk,                   65535},
-    {"RadiusPortZero",         parse_radius_port,        "0",          kRadiusPortRange},
     {"PrivatePort",            parse_private_port_num,   "8080",       kOk,                   8080},
     {"PrivatePortAbove",       parse_private_port_num,   "65536",      kInvalidPrivatePort},
-    {"PrivatePortHuge",        parse_private_port_num,   "4294967295", kInvalidPrivatePort},
-    {"PrivatePortZero",        parse_private_port_num,   "0",          kInvalidPrivatePort},
-    {"FccTwelve",              parse_channel_fcc,        "12",         kChannelOutsideDomain},
-    {"EtsiThirteen",           parse_channel_etsi_spain, "13",         kOk,                   13},
-    {"TelecFourteen",          parse_channel_telec,      "14",         kOk,                   14},
     {"FranceNine",             parse_channel_france,     "9",          kChannelOutsideDomain},
-    {"KeyFive",                parse_key_activate,       "5",          kKeyIndexRange},
     {"RtsZero",                parse_rts_cts_threshold,  "0",          kOk,                   0},
     {"RtsAbove",               parse_rts_cts_threshold,  "2348",       kRtsCtsRange},
-    {"FragmentBelow",          parse_fragment_threshold, "255",        kFragmentRange},
     {"BeaconBelow",            parse_beacon_int,         "19",         kBeaconRange},
-    {"DtimAbove",              parse_dtim_int,           "256",        kDtimRange},
-    {"Wep64",                  parse_wepkey_length,      "64",         kOk,                   5},
     {"Wep128",                 parse_wepkey_length,      "128",        kOk,                   13},
     {"Wep152",                 parse_wepkey_length,      "152",        kWepKeyLength},
-    {"WepWithTail",            parse_wepkey_length,      "64 ",        kWepKeyLength},
-    {"YesByALetter",           parse_yesno,              "y",          kOk,                   1},
     {"YesInAnyCase",           parse_yesno,              "yEs",        kOk,                   1},
     {"NoBehindBlanks",         parse_yesno,              "  n",        kOk,                   0},
     {"Nope",                   parse_yesno,              "nope",       kYesOrNo},
-    {"NoAnswer",               parse_yesno,              "",           kYesOrNo},
     {"DomainByTwo",            parse_wlan_reg_domain,    "fr",         kOk,                   0x32},
     {"DomainByOne",            parse_wlan_reg_domain,    "j",          kRegulatoryDomain},
     {"DomainInCapitals",       parse_wlan_reg_domain,    "JAPAN",      kOk,                   0x42},
-    {"DomainUnknown",          parse_wlan_reg_domain,    "\xff\xfe",   kRegulatoryDomain},
     {"HalfPastFiveEast",       parse_timezone,           "+5:30",      kOk,                   330},
     {"HalfPastThreeWest",      parse_timezone,           "-3:30",      kOk,                   -210},
     {"HalfPastNineUnsigned",   parse_timezone,           "9:30",       kOk,                   570},
     {"HalfPastFiveWest",       parse_timezone,           "-5:30",      kInvalidTimezone},
-    {"QuarterPast",            parse_timezone,           "+8:15",      kInvalidTimezone},
     {"EightWestWithATail",     parse_timezone,           "-8:00 x",    kOk,                   -480},
     {"ThirteenHours",          parse_timezone,           "13:00",      kInvalidTimezone},
-    {"NoMinutes",              parse_timezone,           "8",          kInvalidTimezone},
-    {"NoMinutesBehindTheColon", parse_timezone,          "8:",         kInvalidTimezone},
-    {"SignAlone",              parse_timezone,           "-",          kInvalidTimezone},
     {"Address",                parse_ip_addr,            "10.0.0.1",   kOk,                   0x0a000001},
-    {"AddressOfThree",         parse_ip_addr,            "10.0.0",     kInvalidIPAddress},
 };
 // clang-format on
 class Validator : public ParserTest {};
 TEST_P(Validator, AppendsOrRefuses) { appends_or_refuses(); }
 INSTANTIATE_TEST_SUITE_P(Answers, Validator, testing::ValuesIn(kCases), kCaseName);
-
-TEST(FindSel, NeverTakesAnAnswerBelowItsLeastLength)
-{
-    constexpr const char* texts[] = {"a", "abc"};
-    constexpr std::uint32_t values[] = {1, 2};
-    EXPECT_EQ(find_sel("ab", texts, values, 2, 2), 2u);
-    EXPECT_GT(find_sel("a", texts, values, 2, 2), kLastSelection);
-    EXPECT_GT(find_sel("abcd", texts, values, 2, 2), kLastSelection);
-    EXPECT_GT(find_sel("ab", texts, values, 0, 2), kLastSelection);
-}
 
 struct NameCase {
     std::string text;

@@ -86,13 +86,6 @@ TEST_F(Client, FailedExchangeChangesKindAndCodeOnly)
     EXPECT_EQ(library.released, nullptr);
 }
 
-TEST_F(Client, OtherModesExchangeNothing)
-{
-    EXPECT_EQ(CliServiceRoutine(2, code::kReadSystem), 0u);
-    EXPECT_TRUE(library.requests.empty());
-    EXPECT_EQ(library.releases, 0);
-}
-
 struct Case {
     const char* name;
     std::uint32_t result, status;
@@ -127,19 +120,6 @@ TEST_P(ClientOutcome, IsTheSameInAllFormsAndReleasesOnce)
 }
 INSTANTIATE_TEST_SUITE_P(Outcomes, ClientOutcome, testing::ValuesIn(kCases),
                          [](const auto& c) { return c.param.name; });
-
-TEST_F(Client, TableOfAnAnswerIsThereUntilTheEndOfTheScope)
-{
-    const Exchange answer(code::kReadInterfaces);
-    EXPECT_EQ(answer.table(8).size(), 3u);
-    EXPECT_EQ(library.releases, 0);
-}
-
-TEST_F(Client, TableOfAFailedExchangeIsEmpty)
-{
-    library.result = IPC_BROKEN;
-    EXPECT_EQ(Exchange(code::kReadInterfaces).table(8).size(), 0u);
-}
 
 TEST_F(Client, ErrorIsABellTheTextAndANewline)
 {

@@ -29,13 +29,4 @@ TEST(TextField, WithoutItsNulIsReadWithinItsWidth)
     EXPECT_EQ(bytes[1], 'x');
 }
 
-TEST(NumberField, IsReadAndWrittenAtAnyAlignment)
-{
-    constexpr Entry::Field<std::uint32_t> kNumber{3};
-    unsigned char bytes[8] = {};
-    kNumber.set(bytes, 0xC0A80101);
-    EXPECT_EQ(kNumber.get(bytes), 0xC0A80101);
-    EXPECT_EQ(bytes[2], 0);
-    EXPECT_EQ(bytes[7], 0);
-}
 }  // namespace

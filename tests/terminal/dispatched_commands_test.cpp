@@ -61,15 +61,6 @@ TEST_F(DispatchedCommands, PeersAndOperationMode)
     EXPECT_EQ(RunningAction(15).run(), "\aThere is no RADIUS server of that name\n");
 }
 
-TEST_F(DispatchedCommands, IdentifiersWithoutAnActionSaySo)
-{
-    const auto asked = [](std::uint32_t id) {
-        return written_by([id] { EXPECT_EQ(CliGetActionFunc(id), nullptr) << id; });
-    };
-    for (const std::uint32_t id : {0u, 119u, 130u}) EXPECT_EQ(asked(id), "Command dispatch entry not found\n") << id;
-    EXPECT_EQ(asked(176), "Action function is not supported\n");
-}
-
 TEST_F(DispatchedCommands, ClientsAndPorts)
 {
     EXPECT_EQ(RunningAction(109).run(), "MAC Address          State\n"

@@ -1,6 +1,4 @@
 // Commands that hand the terminal over to another program, as an operator sees them.
-#include <unistd.h>
-
 #include "terminal/attributes.h"
 #include "terminal/dialogue_session.h"
 
@@ -20,14 +18,7 @@ protected:
         t.until("\"exit\" returns to the console\n");
         ASSERT_TRUE(line_is_raw(false));
     }
-    void start_ping()
-    {
-        t.type("ping 127.0.0.1\n");
-        t.until("PING 127.0.0.1");
-    }
 };
-
-bool has_ping() { return access("/bin/ping", X_OK) == 0 || access("/usr/bin/ping", X_OK) == 0; }
 
 TEST_F(EngineeringCommands, TheShellGetsTheLineAsItWasFound)
 {
@@ -59,24 +50,6 @@ TEST_F(EngineeringCommands, AShellThatIsKilledGivesTheLineBack)
     t.type("logout\n");
     EXPECT_EQ(t.wait_exit(), 0);
     EXPECT_TRUE(same_attributes(t.attributes(), t.found()));
-}
-
-TEST_F(EngineeringCommands, PingStopsAtCtrlC)
-{
-    if (!has_ping()) GTEST_SKIP() << "no ping program on this machine";
-    start_ping();
-    t.send("\x03");
-    t.until("^C\n");
-    t.until(kPrompt);
-    EXPECT_EQ(run("show log level").substr(0, 16), "System log level");
-}
-
-TEST_F(EngineeringCommands, LosingTheLineWhilePingingEndsTheSession)
-{
-    if (!has_ping()) GTEST_SKIP() << "no ping program on this machine";
-    start_ping();
-    t.hang_up();
-    EXPECT_EQ(t.wait_exit(), 0);
 }
 
 }  // namespace

@@ -62,18 +62,4 @@ TEST_F(Help, ReadsEveryCategoryPageByPage)
     play({"", kPrompt});
 }
 
-TEST_F(Help, GoesOnAtAnyKeyAndEndsAtCtrlC)
-{
-    for (const char* key : {"\n", kCtrlE, "\x7f"}) {
-        t.type("1\n");
-        t.until(kAnyKey);
-        t.type(key);
-        t.until("show upnp\n" + kQuestion);
-    }
-    t.type("1\n");
-    t.until(kAnyKey);
-    t.type(kCtrlC);
-    EXPECT_TRUE(t.until(kPrompt).ends_with(std::string("^C\a\n") + kPrompt));
-    EXPECT_EQ(run("show dhcp static").substr(0, 10), "IP Address");
-}
 }  // namespace

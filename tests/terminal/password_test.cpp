@@ -54,28 +54,6 @@ TEST_F(ChangePassword, CountsFromTheNextLoginAndIsNeverShown)
     expect_login(kFresh);
 }
 
-TEST_F(ChangePassword, AnEmptyOneIsRefusedByTheService)
-{
-    play({"change password", kAskOld});
-    answer(
-        {{"admin", kAskNew}, {"", kAskAgain}, {"", std::string("\aThe new password is not acceptable\n") + kPrompt}});
-    expect_login("admin");
-}
-
-TEST_F(ChangePassword, CtrlCAtAnyQuestionKeepsTheOldOne)
-{
-    const Exchange kAnswers[] = {{"admin", kAskNew}, {kFresh, kAskAgain}, {kFresh, kChanged}};
-    for (std::size_t abandoned = 0; abandoned < std::size(kAnswers); ++abandoned) {
-        play({"change password", kAskOld});
-        for (std::size_t i = 0; i < abandoned; ++i) answer({kAnswers[i]});
-        t.type(kAnswers[abandoned].typed);
-        t.until(std::string(kAnswers[abandoned].typed.size(), '*'));
-        t.type(kCtrlC);
-        EXPECT_EQ(t.until(kPrompt), std::string("^C\a\n") + kPrompt);
-    }
-    expect_login("admin");
-}
-
 TEST_F(ChangePassword, AServiceThatGoesAwayMidwayChangesNothing)
 {
     play({"change password", kAskOld});

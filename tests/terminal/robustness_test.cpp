@@ -90,25 +90,6 @@ TEST_P(HostileService, IsReportedAndTheConsoleGoesOn)
 INSTANTIATE_TEST_SUITE_P(Answers, HostileService, testing::ValuesIn(kHostilities),
                          [](const auto& hostility) { return hostility.param.name; });
 
-// Garbage in every field that a text is read from, with no NUL anywhere.
-TEST(Robustness, RecordsWithoutOneNul)
-{
-    FakeService service([](const ComParam& request) {
-        Reply reply = plain_reply(request);
-        if (record::code.get(request) != code::kCheckPassword)
-            reply.bytes.replace(record::kPayload, record::kPayloadEnd - record::kPayload,
-                                record::kPayloadEnd - record::kPayload, '\x7e');
-        return reply;
-    });
-    Terminal t;
-    t.until_password_asked();
-    t.type("admin\n");
-    t.until("Welcome!\n" + std::string(15, '~') + "> ");
-    t.type("show system\n");
-    t.until(std::string(15, '~') + "> ");
-    expect_clean_end(t);
-}
-
 constexpr char kSuspend = '\x1a';  // at which the line throws away all that it holds
 
 // Any byte but the suspend character and those in `but`.
@@ -121,20 +102,6 @@ std::string noise(std::size_t size, std::string_view but)
         while (byte == kSuspend || but.find(byte) != but.npos);
     }
     return bytes;
-}
-
-// The key that ESC [ and byte 1 make is as negative as the end of the input.
-TEST(Robustness, NoEscapeSequenceEndsTheSession)
-{
-    Service service;
-    Terminal t;
-    t.log_in();
-    for (int last = 1; last < 256; ++last)
-        if (last != kSuspend) t.send(std::string("\x1b[") + static_cast<char>(last));
-    t.send("\x03");
-    t.type("set system name alive\n");
-    t.until("System Name: alive\n");
-    expect_clean_end(t);
 }
 
 TEST(Robustness, TakesACommandAfterAMebibyteOfNoise)
@@ -179,24 +146,4 @@ TEST_P(LineGoesAway, EndsAtOnce)
 INSTANTIATE_TEST_SUITE_P(Lines, LineGoesAway, testing::ValuesIn(kLostLines),
                          [](const auto& lost) { return lost.param.name; });
 
-struct Size {
-    const char* name;
-    unsigned short rows, columns;
-};
-class WindowSize : public testing::TestWithParam<Size> {};
-TEST_P(WindowSize, DoesNotMatter)
-{
-    Service service;
-    Terminal t({.rows = GetParam().rows, .columns = GetParam().columns});
-    t.log_in();
-    t.type("show system\n");
-    t.until("System log level:");
-    t.resize(GetParam().columns, GetParam().rows);
-    t.type("?");
-    t.until("show ");
-    expect_clean_end(t);
-}
-constexpr Size kSizes[] = {{"Unknown", 0, 0}, {"OneCell", 1, 1}, {"Wall", 65535, 65535}};
-INSTANTIATE_TEST_SUITE_P(Sizes, WindowSize, testing::ValuesIn(kSizes),
-                         [](const auto& size) { return size.param.name; });
 }  // namespace

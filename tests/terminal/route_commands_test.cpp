@@ -75,39 +75,4 @@ TEST(RouteCommands, TheTableIsTheKernelsAndSurvivesARestart)
     });
 }
 
-TEST(RouteCommands, ARefusalSaysWhyAndChangesNothing)
-{
-    in_own_network(kDevice, [] {
-        const struct {
-            const char *command, *printed;
-        } kCases[] = {
-            {"add ip route 10.0.0.0 255.0.0.0 10.9.0.3 1", "\aThe gateway is not the address of another device\n"},
-            {"add ip route 10.0.0.0 255.0.0.0 eth0eth0eth0eth0eth0 1", "\aThere is no such interface\n"},
-            {"add ip route 10.0.0.0 255.0.0.0 wlan0 1", "\aThe interface is switched off\n"},
-            {"add ip route 10.0.0.1 255.0.0.0 eth0 1", "\aThe destination has bits that its netmask does not cover\n"},
-            {"add ip route 10.0.0.0 255.0.255.0 eth0 1", "\aThe netmask must be ones followed by zeros\n"},
-            {"add ip route 192.168.1.0 255.255.255.0 eth0 1", "\aThere is already a route to that destination\n"},
-            {"delete ip route 192.168.1.0 255.255.255.0", "\aThe route belongs to an interface's own address\n"},
-            {"delete ip default route", "\aThere is no route to that destination\n"},
-        };
-        Session session;
-        const std::string before = kernel_routes();
-        for (const auto& each : kCases) {
-            EXPECT_EQ(session.run(each.command), each.printed) << each.command;
-            EXPECT_EQ(kernel_routes(), before) << each.command;
-        }
-    });
-}
-
-TEST(InterfaceCommands, ShowWhatTheKernelHas)
-{
-    in_own_network(kDevice + " && ip link del br0 2>/dev/null; true", [] {
-        Session session;
-        const std::string list = session.run("show interface");
-        for (const char* row : {" eth0  up     ethernet            lan     1500  02-00-5e-00-00-ab  -\n",
-                                " eth1  up     ethernet            wan     1500  02-00-5e-00-00-02  -\n",
-                                " wlan0 down   ethernet(wireless)  wlan    1500  02-00-5e-00-00-10  -\n"})
-            EXPECT_NE(list.find(row), std::string::npos) << list;
-    });
-}
 }  // namespace

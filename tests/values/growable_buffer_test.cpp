@@ -13,18 +13,6 @@ protected:
     static std::string ended(std::string text) { return text + '\0'; }
 };
 
-TEST_F(Growing, KeepsItsContentAcrossEveryStep)
-{
-    std::string expected;
-    for (int i = 0; i < 700; ++i) {
-        ASSERT_EQ(str_Cat(&buffer, "abc"), 0);
-        expected += "abc";
-        ASSERT_EQ(text(), ended(expected));
-        ASSERT_GT(buffer.capacity, buffer.length);
-        ASSERT_EQ(buffer.capacity % 1024, 0u);
-    }
-}
-
 TEST_F(Growing, TakesItsOwnTextAsSource)
 {
     str_Copy(&buffer, std::string(600, 'x').c_str());

@@ -12,9 +12,6 @@ constexpr ParserCase kCases[] = {
     {"LeadingZero",     CliParseDestIP,         "10.0.010.1",          kOk, ip(0x0a000801)},
     {"NotOctal",        CliParseIPAddress,      "10.0.08.1",           kInvalidIPAddress},
     {"DotBehind",       CliParseIPAddress,      "1.2.3.4.",            kInvalidIPAddress},
-    {"TextBehindBlank", CliParseIPAddress,      "1.2.3.4 5",           kInvalidIPAddress},
-    {"Wraps",           CliParseIPAddress,      "4294967297.1.1.1",    kInvalidIPAddress},
-    {"HighBytes",       CliParseIPAddress,      "1.2.3.\xb4",          kInvalidIPAddress},
 };
 // clang-format on
 class AddressParser : public ParserTest {};

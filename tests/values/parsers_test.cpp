@@ -1,6 +1,4 @@
 // What holds for every parser, whatever is typed.
-#include <string>
-
 #include "values/parser_case.h"
 #include "values/parsers.h"
 
@@ -34,28 +32,4 @@ TEST(EveryParser, WritesNothingOutsideAFullVector)
     }
 }
 
-TEST(EveryParser, SurvivesHostileTextsAndCountsOnlyWhatItTook)
-{
-    const std::string texts[] = {"",
-                                 " ",
-                                 "\"",
-                                 "-",
-                                 ":",
-                                 std::string(200, 'a'),
-                                 std::string(200, '9'),
-                                 std::string(200, '-'),
-                                 std::string(200, '"'),
-                                 "%n%s%d",
-                                 "\x80\xff\xfe\x81",
-                                 std::string(200, '\xff')};
-    for (const Accepted& accepted : kParsers) {
-        for (const std::string& text : texts) {
-            SCOPED_TRACE(std::string(accepted.text) + " against " + text);
-            ParmList words{};
-            const std::uint32_t message = accepted.parser(TypedText(text.c_str()), words);
-            EXPECT_LT(message, kMessages);
-            EXPECT_EQ(words.count, message == kOk ? accepted.taken : 0);
-        }
-    }
-}
 }  // namespace

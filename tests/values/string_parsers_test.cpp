@@ -16,10 +16,7 @@ const Case kCases[] = {
     {"PlainAtLimit", CliParseString15, "123456789012345", "123456789012345"},
     {"PlainAboveLimit", CliParseString15, "1234567890123456", kRefused},
     {"Quoted", CliParseName30, "\"two words\"", "two words"},
-    {"QuotedAboveLimit", CliParsePrompt, "\"1234567890123456\"", kRefused},
-    {"Empty", CliParseString60, "", kRefused},
     {"EmptyQuotes", CliParseString60, "\"\"", kRefused},
-    {"NeverClosed", CliParseString60, "\"open", kRefused},
     {"BehindTheQuotes", CliParseString60, "\"a\"b", kRefused},
     {"QuoteInside", CliParseString60, "5\"disk", "5\"disk"},
     {"FacilityTakesAnything", CliParseFacility, "\"", "\""},
@@ -38,10 +35,4 @@ TEST_P(StringParser, KeepsTheTextInPlaceOrRefuses)
 }
 INSTANTIATE_TEST_SUITE_P(Texts, StringParser, testing::ValuesIn(kCases), kCaseName);
 
-TEST(MacEapOrBath, IsSpelledSo)
-{
-    ParmList words{};
-    EXPECT_EQ(CliParseMacEapOrBoth(TypedText("MAC"), words), kMacEapOrBoth);
-    EXPECT_EQ(words.count, 0u);
-}
 }  // namespace
