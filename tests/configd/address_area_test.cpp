@@ -24,31 +24,6 @@ protected:
     std::uint32_t system_address() { return ask(code::kReadSystem), system_record::lanAddress.get(answer.record); }
 };
 
-struct Case {
-    const char* name;
-    std::uint32_t address, netmask, gateway, server;
-    ServiceStatus status;
-};
-// clang-format off
-constexpr Case kCases[] = {
-    {"Host",             kNet + 2,   kClassC,    kNet + 1,   0x08080808, kStatusOk},
-    {"GatewayElsewhere", kNet + 5,   kClassC,    kNet + 257, 0,          kStatusAddressOutOfRange},
-    {"Broadcast",        kNet + 255, kClassC,    0,          0,          kStatusAddressOutOfRange},
-    {"PointToPoint",     kNet,       0xFFFFFFFE, 0,          0,          kStatusOk},
-    {"NetmaskWithHole",  kNet + 8,   0xFF00FF00, 0,          0,          kStatusValueRefused},
-    {"ServerIsNoHost",   kNet + 9,   kClassC,    0,          0xFFFFFFFF, kStatusValueRefused},
-};
-// clang-format on
-TEST_F(AddressArea, TheLanAddressIsAHostOfItsNetwork)
-{
-    for (const Case& each : kCases) {
-        EXPECT_EQ(set_lan(each.address, each.netmask, each.gateway, each.server), each.status) << each.name;
-        EXPECT_EQ(system_address() == each.address, each.status == kStatusOk) << each.name;
-        ask(code::kReadAddress, interface, "lan");
-        EXPECT_EQ(address.get(answer.record) == each.address, each.status == kStatusOk) << each.name;
-    }
-}
-
 TEST_F(AddressArea, TheMachineGetsAddressRouterAndNameServer)
 {
     machine.nameServers = {0x09090909, 0x01010101};

@@ -7,21 +7,10 @@
 namespace {
 using std::chrono::milliseconds;
 
-TEST(Attempts, EachWrongOneCostsMoreUpToALimitUntilARightOne)
+TEST(Attempts, EachWrongOneCostsMoreUpToALimitAndARestartDoesNotHelp)
 {
     MemoryStorage storage;
-    Attempts attempts(storage.operations(), "run");
     for (const int wanted : {100, 200, 400, 800, 1600, 3200, 5000, 5000})
-        EXPECT_EQ(attempts.wrong(), milliseconds(wanted));
-    attempts.right();
-    EXPECT_TRUE(storage.files.empty());
-    EXPECT_EQ(attempts.wrong(), Attempts::kFirst);
-}
-
-TEST(Attempts, ARestartOfTheServiceDoesNotHelp)
-{
-    MemoryStorage storage;
-    for (const int wanted : {100, 200, 400})
         EXPECT_EQ(Attempts(storage.operations(), "run").wrong(), milliseconds(wanted));
     for (const char* damaged : {"", "x", "-1", "99999999999"}) {
         storage.files["run/wrong-passwords"] = damaged;

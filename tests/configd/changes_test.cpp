@@ -8,10 +8,8 @@
 #include "service/fields/mac_filter.h"
 #include "service/fields/management.h"
 #include "service/fields/password.h"
-#include "service/fields/radius.h"
 #include "service/fields/snmp.h"
 #include "service/fields/system.h"
-#include "service/fields/wireless_settings.h"
 
 namespace {
 constexpr unsigned char kMac[] = {2, 0, 0x5e, 0x10, 0, 7};
@@ -46,9 +44,6 @@ const Case kCases[] = {
     {"Secret", code::kReadSnmp, code::kWriteSnmp,
      [](ComParam& r) { snmp_record::writeCommunity.set(r, "canary"); },
      {"5 root on pts/3: snmp.write_community changed"}},
-    {"Key", code::kReadWirelessSettings, code::kWriteWirelessSettings,
-     [](ComParam& r) { wireless_record::key[1].set(r, "canary"); },
-     {"5 root on pts/3: wireless.radio1.key2 changed"}},
     {"EntryAdded", 0, code::kAddMacFilter,
      [](ComParam& r) {
          mac_filter_record::name.set(r, "printer");
@@ -80,8 +75,6 @@ const Case kCases[] = {
          password_record::newPassword.set(r, "canary");
      },
      {"5 root on pts/3: the password was changed"}},
-    {"Save", 0, code::kSaveConfiguration, [](ComParam&) {}, {"5 root on pts/3: configuration saved"}},
-    {"Clear", 0, code::kClearConfiguration, [](ComParam&) {}, {"5 root on pts/3: configuration cleared"}},
 };
 // clang-format on
 

@@ -1,4 +1,4 @@
-// The real program on temporary folders: its files, its end, and what does not disturb it.
+// The real program on temporary folders: its files and its end.
 #include <sys/stat.h>
 
 #include "configd/daemon.h"
@@ -60,26 +60,5 @@ TEST_F(Daemon, EndsCleanlyWhenToldTo)
         EXPECT_FALSE(std::filesystem::exists(runtime + "/configd.sock"));
         EXPECT_EQ(next_notice(), "STOPPING=1");
     }
-}
-
-TEST_F(Daemon, RandomBytesDoNotDisturbIt)
-{
-    start();
-    std::uint32_t state_of_random = 1;
-    for (int i = 0; i < 300; i++) {
-        RawClient hostile(runtime + "/configd.sock");
-        ComParam request;
-        for (unsigned char& byte : request.bytes) {
-            state_of_random = state_of_random * 1664525 + 1013904223;
-            byte = static_cast<unsigned char>(state_of_random >> 24);
-        }
-        record::attachedLength.set(request, 0);
-        if (i % 3 != 0) record::kind.set(request, record::kRequest);
-        // Operations that neither restart, clear nor hold back their answer, with a payload that means nothing.
-        constexpr std::uint16_t kCodes[] = {140, 200, 310, 311, 811, 940, 1200, 1312, 1385, 1800, 1805};
-        record::code.set(request, kCodes[static_cast<std::size_t>(i) % std::size(kCodes)]);
-        ASSERT_TRUE(hostile.ask(request)) << logged();
-    }
-    EXPECT_EQ(http_port(), 80);
 }
 }  // namespace

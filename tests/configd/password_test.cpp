@@ -12,13 +12,13 @@ TEST(Password, TheFactoryOneCountsWhileNoneIsSet)
 
 TEST(Password, AHashIsSaltedAndMatchesItsPasswordOnly)
 {
-    const std::string hash = hash_password("s3cret"), again = hash_password("s3cret");
+    const std::string hash = hash_password("123456789012345"), again = hash_password("123456789012345");
     EXPECT_EQ(hash.substr(0, 3), "$y$");
     EXPECT_NE(hash, again);
     EXPECT_LT(hash.size(), 128u);  // the room that the setting has
     EXPECT_TRUE(is_password_hash(hash.c_str()));
-    EXPECT_TRUE(password_matches(hash.c_str(), "s3cret"));
-    for (const char* wrong : {"", "s3cre", "s3crets", "admin"})
+    EXPECT_TRUE(password_matches(hash.c_str(), "123456789012345"));
+    for (const char* wrong : {"", "12345678901234", "1234567890123456", "admin"})
         EXPECT_FALSE(password_matches(hash.c_str(), wrong)) << wrong;
 }
 
@@ -30,12 +30,5 @@ TEST(Password, NothingMatchesADamagedHash)
     }
     EXPECT_FALSE(is_password_hash("s3cret"));
     EXPECT_FALSE(is_password_hash("*0"));
-}
-
-TEST(Password, NothingIsCut)
-{
-    const std::string hash = hash_password("123456789012345");
-    EXPECT_TRUE(password_matches(hash.c_str(), "123456789012345"));
-    EXPECT_FALSE(password_matches(hash.c_str(), "1234567890123456"));
 }
 }  // namespace

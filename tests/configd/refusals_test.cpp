@@ -2,16 +2,23 @@
 // read again.
 #include "configd/area_session.h"
 #include "configd/areas/firewall.h"
+#include "configd/areas/system_log.h"
+#include "configd/system_log.h"
+#include "service/fields/address.h"
 #include "service/fields/ddns.h"
 #include "service/fields/dhcp.h"
 #include "service/fields/engineering.h"
 #include "service/fields/ip_filter.h"
+#include "service/fields/log_table.h"
 #include "service/fields/management.h"
 #include "service/fields/nat.h"
 #include "service/fields/operation_mode.h"
+#include "service/fields/password.h"
 #include "service/fields/ping.h"
 #include "service/fields/profile.h"
 #include "service/fields/rip.h"
+#include "service/fields/routes.h"
+#include "service/fields/system_log.h"
 #include "service/fields/time.h"
 #include "service/fields/wds.h"
 #include "service/fields/wireless_settings.h"
@@ -21,7 +28,7 @@ class Refusals : public AreaSession {
 protected:
     Refusals()
     {
-        machine.interfaces = {interface_named("eth1", 2), interface_named("lo", 0)};
+        machine.interfaces = {interface_named("eth1", 2, 0x0A090002), interface_named("lo", 0)};
         machine.interfaces.back().kind = device::Kind::kOther;
         profile.radios[0].mode = 2;  // 11g
         start();
@@ -51,8 +58,10 @@ namespace p = dhcp_record;
 namespace t = time_record;
 namespace w = wireless_record;
 namespace o = operation_mode_record;
-constexpr std::uint32_t kHost = 0x0A000001, kNet = 0xC0A80200, kLoopback = 0x7F000001, kMulticast = 0xE0000001;
-void pool(ComParam& r, std::uint32_t lower, std::uint32_t upper, std::uint32_t mask = 0xFFFFFF00)
+namespace l = system_log_record;
+constexpr std::uint32_t kHost = 0x0A000001, kNet = 0xC0A80200, kClassC = 0xFFFFFF00, kLoopback = 0x7F000001,
+                        kMulticast = 0xE0000001;
+void pool(ComParam& r, std::uint32_t lower, std::uint32_t upper, std::uint32_t mask = kClassC)
 {
     fill(r, p::lowerAddress, lower, p::upperAddress, upper, p::netmask, mask);
 }
@@ -104,6 +113,9 @@ const Write kWrites[] = {
     {"Automatic",         code::kReadWirelessSettings, code::kWriteWirelessSettings, [](ComParam& r) { on_channel(r, w::kFrance, 0); },     kStatusOk},
     {"FragmentTooLow",    code::kReadWirelessSettings, code::kWriteWirelessSettings, [](ComParam& r) { w::fragmentThreshold.set(r, 255); }, kStatusValueRefused},
     {"DtimZero",          code::kReadWirelessSettings, code::kWriteWirelessSettings, [](ComParam& r) { w::dtimInterval.set(r, 0); },        kStatusValueRefused},
+
+    {"SyslogToNobody",    code::kReadSystemLog, code::kWriteSyslog, [](ComParam& r) { l::remoteEnabled.set(r, 1); },                        kStatusValueRefused},
+    {"SyslogToMany",      code::kReadSystemLog, code::kWriteSyslog, [](ComParam& r) { fill(r, l::remoteEnabled, 1, l::remoteAddress, kMulticast); }, kStatusValueRefused},
 
     {"NoMode",            code::kReadOperationMode, code::kWriteOperationMode, [](ComParam& r) { o::mode.set(r, 4); },                      kStatusValueRefused},
     {"RepeaterOfNobody",  code::kReadOperationMode, code::kWriteOperationMode, [](ComParam& r) { o::mode.set(r, o::kRepeater); },           kStatusValueRefused},
@@ -203,6 +215,29 @@ ComParam endless(std::uint16_t code)
     return made;
 }
 
+ComParam lan(std::uint32_t address, std::uint32_t netmask, std::uint32_t gateway = 0, std::uint32_t server = 0)
+{
+    namespace a = address_record;
+    return request_of(code::kWriteAddress, a::interface, "lan", a::mode, a::kStatic, a::address, address, a::netmask,
+                      netmask, a::gateway, gateway, a::primaryDns, server);
+}
+ComParam route(std::uint32_t destination, std::uint32_t netmask, std::uint32_t gateway, std::uint32_t hops = 1,
+               const char* interface = "")
+{
+    namespace q = route_request;
+    return request_of(code::kAddRoute, q::destination, destination, q::netmask, netmask, q::gateway, gateway, q::hops,
+                      hops, q::interface, interface);
+}
+ComParam address_of(const char* side) { return request_of(code::kReadAddress, address_record::interface, side); }
+ComParam facility(std::uint32_t which, std::uint8_t state)
+{
+    return request_of(code::kWriteLogFacility, facility_request::facility, which, facility_request::state, state);
+}
+ComParam password(std::uint16_t code, const char* typed, const char* next = "")
+{
+    return request_of(code, password_record::password, typed, password_record::newPassword, next);
+}
+
 struct Request {
     const char* name;
     ComParam request;
@@ -210,6 +245,44 @@ struct Request {
 };
 // clang-format off
 const Request kRequests[] = {
+    {"NoCode",          request_of(9999),                                              kStatusUnknownOperation},
+    {"CodeAbove16Bit",  request_of(code::kReadSystem, record::code, 0x10000 + code::kReadSystem), kStatusUnknownOperation},
+    {"NoRequest",       request_of(code::kReadSystem, record::kind, 4),                kStatusBadRequest},
+    {"WithATable",      request_of(code::kReadSystem, record::attachedLength, 1),      kStatusBadRequest},
+    {"NoSide",          address_of(""),                                                kStatusUnknownName},
+    {"HalfASide",       address_of("la"),                                              kStatusUnknownName},
+    {"MoreThanASide",   address_of("lan0"),                                            kStatusUnknownName},
+    {"EndlessSide",     endless(code::kReadAddress),                                   kStatusUnknownName},
+
+    {"LanHost",         lan(kNet + 2, kClassC, kNet + 1, 0x08080808),                  kStatusOk},
+    {"GatewayElsewhere", lan(kNet + 5, kClassC, kNet + 257),                           kStatusAddressOutOfRange},
+    {"Broadcast",       lan(kNet + 255, kClassC),                                      kStatusAddressOutOfRange},
+    {"NetmaskWithHole", lan(kNet + 8, 0xFF00FF00),                                     kStatusValueRefused},
+    {"ServerIsNoHost",  lan(kNet + 9, kClassC, 0, 0xFFFFFFFF),                         kStatusValueRefused},
+    {"PointToPoint",    lan(kNet, 0xFFFFFFFE),                                         kStatusOk},
+    {"LanAsItWas",      lan(0xC0A80101, kClassC),                                      kStatusOk},
+
+    {"Route",           route(0x0A140000, 0xFFFF0000, 0x0A090001, 255),                kStatusOk},
+    {"RouteAgain",      route(0x0A140000, 0xFFFF0000, 0x0A090001, 255),                kStatusDuplicateAddress},
+    {"MaskWithHole",    route(0x0A140000, 0xFF00FF00, 0x0A090001),                     kStatusNetmaskRefused},
+    {"RouteToAHost",    route(0x0A140001, 0xFFFF0000, 0x0A090001),                     kStatusNotANetwork},
+    {"TooManyHops",     route(0, 0, 0x0A090001, 256),                                  kStatusTooManyHops},
+    {"RouteToNowhere",  route(0, 0, 0),                                                kStatusGatewayRefused},
+    {"GatewayIsOurOwn", route(0, 0, 0x0A090002),                                       kStatusGatewayRefused},
+    {"EightBitPort",    route(0, 0, 0, 1, "eth\x80"),                                  kStatusValueRefused},
+
+    {"NoFacility",      facility(8, kFacilityOn),                                      kStatusUnknownName},
+    {"AllFacilities",   facility(0xFFFFFFFF, kFacilityOn),                             kStatusUnknownName},
+    {"NoSuchState",     facility(facility_bit(Facility::kNat), kFacilityOn + 1),       kStatusValueRefused},
+    {"LogOfNoFacility", request_of(code::kReadLogTable, log_table_request::facility, 8), kStatusUnknownName},
+
+    {"WrongPassword",   password(code::kChangePassword, "wrong", "new"),               kStatusWrongPassword},
+    {"EmptyPassword",   password(code::kChangePassword, "admin", ""),                  kStatusPasswordRefused},
+    {"EndlessPassword", endless(code::kCheckPassword),                                 kStatusWrongPassword},
+    {"NewPassword",     password(code::kChangePassword, "admin", "15-characters.."),   kStatusOk},
+    {"OldPassword",     password(code::kCheckPassword, "admin"),                       kStatusWrongPassword},
+    {"PasswordIsKept",  password(code::kCheckPassword, "15-characters.."),             kStatusOk},
+
     {"Host",            dmz("cam", 0xCB007109),                                        kStatusOk},
     {"HostAgain",       dmz("cam", 0xCB00710A),                                        kStatusDuplicateName},
     {"HostOutside",     dmz("far", 0xCB00710B, 0x0A000001),                            kStatusAddressOutOfRange},
@@ -284,16 +357,35 @@ TEST_F(Refusals, OfRequests)
     EXPECT_EQ(ping_record::change.get(answer.record), 0) << "an answer sent back only reads";
 }
 
-TEST_F(Refusals, OfAStoredRangeToo)
+TEST_F(Refusals, OfAFullTable)
+{
+    std::uint32_t status = kStatusOk;
+    unsigned added = 0;
+    for (; status == kStatusOk && added < 256; added++) {
+        const char mac[] = {2, 0, 0x5e, 0, 0, static_cast<char>(added), 0};
+        status = ask(peer(code::kAddWdsPeer, std::to_string(added).c_str(), mac));
+    }
+    EXPECT_EQ(status, kStatusPeerTableFull);
+    ask(code::kReadWdsPeers);
+    EXPECT_EQ(wds_record::count.get(answer.record), added - 1);
+}
+
+TEST_F(Refusals, OfAStoredFileToo)
 {
     ASSERT_EQ(ask(server("web", {80, 89}, {80, 89})), kStatusOk);
-    std::string& stored = storage.files["run/running.json"];
-    const std::size_t at = stored.find("\"public_last\": 89");
-    ASSERT_NE(at, stored.npos);
-    stored.replace(at, 17, "\"public_last\": 79");
-    start();
-    ask(code::kReadNatRedirect);
-    EXPECT_TRUE(answer.table.empty());
-    EXPECT_TRUE(storage.files.contains("run/running.rejected-1.json"));
+    ASSERT_EQ(ask(to_write(code::kReadWirelessSettings, code::kWriteWirelessSettings, w::key[0], "canary")), kStatusOk);
+    const std::string good = storage.files["run/running.json"], key = "\"63616e617279\"";
+    const std::pair<std::string, const char*> damages[] = {{"\"public_last\": 89", "\"public_last\": 79"},
+                                                           {key, "\"6\""},
+                                                           {key, "\"6g\""},
+                                                           {key, "\"000102030405060708090a0b0c0d0e0f1011\""},
+                                                           {key, "7"}};
+    for (const auto& [from, to] : damages) {
+        ASSERT_NE(good.find(from), good.npos);
+        storage.files["run/running.json"] = std::string(good).replace(good.find(from), from.size(), to);
+        start();
+        ask(code::kReadNatRedirect);
+        EXPECT_TRUE(answer.table.empty()) << to;
+    }
 }
 }  // namespace

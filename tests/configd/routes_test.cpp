@@ -52,7 +52,6 @@ protected:
         }
         return rows;
     }
-    std::string stored() { return storage.files["run/running.json"]; }
 };
 
 TEST_F(Routes, AddedOnesAreInTheKernelAndSurviveARestart)
@@ -73,36 +72,6 @@ TEST_F(Routes, AddedOnesAreInTheKernelAndSurviveARestart)
     EXPECT_EQ(machine.routes.size(), 1u);
     restart_service();
     EXPECT_EQ(table(), "a090000/0/0 ");
-}
-
-TEST_F(Routes, RefusedOnesSayWhyAndChangeNothing)
-{
-    ASSERT_EQ(add(kFar), kStatusOk);
-    const std::string before = stored();
-    const struct {
-        const char* name;
-        device::Route route;
-        int kernel;  // what the kernel refuses it with
-        ServiceStatus status;
-    } kCases[] = {
-        {"netmask with a hole", to(kNetwork, 0xFF00FF00, kRouter), 0, kStatusNetmaskRefused},
-        {"destination with host bits", to(kNetwork + 1, kMask16, kRouter), 0, kStatusNotANetwork},
-        {"too many hops", to(0, 0, kRouter, "", 256), 0, kStatusTooManyHops},
-        {"neither gateway nor interface", to(0, 0, 0), 0, kStatusGatewayRefused},
-        {"gateway that is our own", to(0, 0, 0x0A090002), 0, kStatusGatewayRefused},
-        {"a name that no file can hold", to(0, 0, 0, "eth\x80"), 0, kStatusValueRefused},
-        {"added before", kFar, 0, kStatusDuplicateAddress},
-        {"the kernel's own", to(0x0A090000, 0xFFFFFFFC, kRouter, "", 9), 0, kStatusDuplicateAddress},
-        {"unknown interface", to(0, 0, 0, "eth9"), ENODEV, kStatusUnknownInterface},
-        {"gateway on no network", to(0, 0, 0x08080808), ENETUNREACH, kStatusUnreachableGateway},
-        {"not permitted", to(0, 0, kRouter), EPERM, kStatusNotPermitted},
-    };
-    for (const auto& each : kCases) {
-        machine.error = each.kernel;
-        EXPECT_EQ(add(each.route), each.status) << each.name;
-        EXPECT_EQ(machine.routes.size(), 2u) << each.name;
-        EXPECT_EQ(stored(), before) << each.name;
-    }
 }
 
 TEST_F(Routes, WhatCannotBeKeptDoesNotStayInTheKernel)

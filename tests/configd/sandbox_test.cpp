@@ -1,6 +1,5 @@
 // Each case in a child process, which gives its privileges up for good.
 #include <cerrno>
-#include <csignal>
 #include <ctime>
 #include <fcntl.h>
 #include <functional>
@@ -83,17 +82,6 @@ TEST(Sandbox, KeepsWhatTheProfileLeavesToTheService)
     EXPECT_EQ(in_sandbox({.setClock = true}, [] { return error_of(clock_settime(CLOCK_REALTIME, &never)); }), EINVAL);
     if (geteuid() != 0) GTEST_SKIP() << "only root may restart a machine";
     EXPECT_EQ(in_sandbox({.restartMachine = true}, [] { return error_of(reboot(0x12345678)); }), EINVAL);
-}
-
-TEST(Sandbox, AnAbortStillEndsTheProcess)
-{
-    EXPECT_EQ(in_sandbox({},
-                         [] {
-                             signal(SIGABRT, SIG_DFL);
-                             close(STDERR_FILENO);
-                             return error_of(syscall(SYS_tgkill, getpid(), gettid(), SIGABRT));
-                         }),
-              -SIGABRT);
 }
 
 TEST(Memory, IsInNoCoreDump)

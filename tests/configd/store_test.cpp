@@ -1,5 +1,4 @@
 #include <cerrno>
-#include <functional>
 #include <gtest/gtest.h>
 
 #include "configd/memory_storage.h"
@@ -46,96 +45,24 @@ void prepare(MemoryStorage& storage)
     ASSERT_EQ(set_port(store, 3), kStatusOk);
 }
 
-// A write that fails says why; what then is on the disk, the tests of power cuts look at.
-TEST(Store, AFailureHasItsStatus)
-{
-    const std::pair<int, ServiceStatus> kErrors[] = {
-        {ENOSPC, kStatusStorageFull}, {EROFS, kStatusStorageReadOnly}, {EIO, kStatusStorageFailed}};
-    const std::function<ServiceStatus(Store&)> kActions[] = {[](Store& store) { return set_port(store, 4); },
-                                                             [](Store& store) { return store.save(); },
-                                                             [](Store& store) { return store.clear(); }};
-    for (const auto& [error, status] : kErrors)
-        for (const auto& action : kActions) {
-            MemoryStorage storage;
-            prepare(storage);
-            Store store = started(storage);
-            storage.failAt = storage.changes;
-            storage.error = error;
-            EXPECT_EQ(action(store), status);
-            EXPECT_EQ(port_of(store), 3);
-        }
-}
-
-struct Damage {
-    const char* name;
-    std::string content;
-};
-const Damage kDamages[] = {
-    {"Empty", ""},
-    {"OutOfRange", "{\"format\": 1, \"alone\": {\"port\": 0}}"},
-    {"TooLarge", "{\"format\": 1}" + std::string(Store::kLargestFile, ' ')},
-};
-class Damaged : public testing::TestWithParam<Damage> {};
-TEST_P(Damaged, SavedIsSetAsideAndTheOneBeforeIsUsed)
+TEST(Store, DamagedFilesAreSetAsideAndTheNextGoodOneIsUsed)
 {
     MemoryStorage storage;
     prepare(storage);
-    storage.files[kSaved] = GetParam().content;
-    EXPECT_EQ(port_of(restarted(storage)), 1);
-    EXPECT_EQ(storage.files[kRejected], GetParam().content);
-    EXPECT_FALSE(storage.files.contains(kSaved));
-
-    storage.files[kPrevious] = GetParam().content;
-    EXPECT_EQ(port_of(restarted(storage)), 80);
-    EXPECT_EQ(storage.files[kRejected], GetParam().content);  // both are kept
-    EXPECT_TRUE(storage.files.contains("state/config.previous.rejected-1.json"));
-}
-TEST_P(Damaged, RunningIsSetAsideAndSavedIsUsed)
-{
-    MemoryStorage storage;
-    prepare(storage);
-    storage.files[kRunning] = GetParam().content;
+    storage.files[kRunning] = "bad 1";
     EXPECT_EQ(port_of(started(storage)), 2);
-    EXPECT_EQ(storage.files["run/running.rejected-1.json"], GetParam().content);
-}
-INSTANTIATE_TEST_SUITE_P(Files, Damaged, testing::ValuesIn(kDamages), [](const auto& d) { return d.param.name; });
-
-TEST_P(Damaged, SavedDoesNotTakeThePlaceOfAGoodOneBefore)
-{
-    for (const bool hasLinks : {true, false}) {
-        MemoryStorage storage;
-        storage.hasLinks = hasLinks;
-        prepare(storage);
-        Store store = started(storage);
-        storage.files[kSaved] = GetParam().content;
-        EXPECT_EQ(store.save(), kStatusOk);
-        EXPECT_EQ(storage.files[kRejected], GetParam().content);
-        EXPECT_NE(storage.files[kPrevious].find("\"port\": 1"), std::string::npos);
-        EXPECT_NE(store.notice().find("config.rejected-1.json"), std::string::npos) << store.notice();
-    }
-}
-
-TEST(Store, TheNoticeLastsUntilASaveOrAClear)
-{
-    for (const bool clears : {false, true}) {
-        MemoryStorage storage;
-        prepare(storage);
-        EXPECT_EQ(started(storage).notice(), "");
-        storage.files[kSaved] = "bad";
-        const std::string notice = restarted(storage).notice();
-        EXPECT_EQ(notice,
-                  "The saved configuration could not be read and is kept as config.rejected-1.json. The one saved "
-                  "before is in force.");
-        EXPECT_EQ(restarted(storage).notice(), notice);
-
-        Store store = started(storage);
-        EXPECT_EQ(set_port(store, 4), kStatusOk);
-        EXPECT_EQ(store.notice(), notice);
-        EXPECT_EQ(clears ? store.clear() : store.save(), kStatusOk);
-        EXPECT_EQ(store.notice(), "");
-        EXPECT_EQ(restarted(storage).notice(), "");
-        EXPECT_EQ(storage.files.contains(kRejected), !clears) << "a cleared device keeps nothing";
-    }
+    EXPECT_EQ(storage.files["run/running.rejected-1.json"], "bad 1");
+    storage.files[kSaved] = "bad 2";
+    EXPECT_EQ(port_of(restarted(storage)), 1);
+    EXPECT_EQ(storage.files[kRejected], "bad 2");
+    storage.files[kPrevious] = "{\"format\": 1}" + std::string(Store::kLargestFile, ' ');
+    EXPECT_EQ(port_of(restarted(storage)), 80);
+    EXPECT_TRUE(storage.files.contains("state/config.previous.rejected-1.json"));
+    EXPECT_EQ(storage.files[kRejected], "bad 2");
+    Store store = started(storage);
+    EXPECT_EQ(store.clear(), kStatusOk);
+    EXPECT_EQ(store.notice(), "");
+    EXPECT_FALSE(storage.files.contains(kRejected)) << "a cleared device keeps nothing";
 }
 
 TEST(Store, AFileThatCannotBeSetAsideIsNotOverwritten)

@@ -59,20 +59,4 @@ TEST_F(TimeArea, AnOffsetLeavesTheMachineAlone)
     ask(code::kClearConfiguration);
     EXPECT_EQ(shown(), kMachineTime + 100);
 }
-
-TEST_F(TimeArea, TheDevicesTimeServiceIsHandedTheServer)
-{
-    constexpr const char* kFile = "run/timesyncd.conf";
-    service->timeRules = RuleFile(storage.operations(), "run", RuleFile::kTimeName);
-    ComParam made = to_write(code::kReadTime, code::kWriteNtpClient, ntpEnabled, 1);
-    EXPECT_EQ(ask(made), kStatusOk);
-    EXPECT_EQ(storage.files[kFile], "# Made by configd of its settings.\n[Time]\nPollIntervalMinSec=86400\n"
-                                    "PollIntervalMaxSec=86400\nNTP=pool.ntp.org\n");
-    fill(made, serverByAddress, 1, serverAddress, 0x0A000001);
-    EXPECT_EQ(ask(made), kStatusOk);
-    EXPECT_TRUE(storage.files[kFile].ends_with("\nNTP=10.0.0.1\n"));
-    ntpEnabled.set(made, 0);
-    EXPECT_EQ(ask(made), kStatusOk);
-    EXPECT_EQ(storage.files[kFile], "# Made by configd of its settings.\n");
-}
 }  // namespace

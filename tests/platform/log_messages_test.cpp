@@ -1,7 +1,5 @@
 #include <cstring>
 #include <gtest/gtest.h>
-#include <set>
-#include <string>
 
 #include "platform/ipc_client.h"
 #include "platform/log_messages.h"
@@ -32,16 +30,4 @@ TEST_P(LogGetMsgX, GivesTheTextOfStatusAndGroup)
     EXPECT_EQ(text[LOG_MESSAGE_SIZE], '~');
 }
 INSTANTIATE_TEST_SUITE_P(Texts, LogGetMsgX, testing::ValuesIn(kCases), [](const auto& c) { return c.param.name; });
-
-TEST(FacilityNames, NameEachValueFrom192To384OnceAndThenEnd)
-{
-    std::set<std::string> names;
-    std::uint32_t value = 192;
-    const FacilityName* facility = facilitynames;
-    for (; value <= 384; value += 8, ++facility) {
-        EXPECT_EQ(facility->value, value);
-        EXPECT_TRUE(names.insert(facility->name).second) << facility->name << " stands twice";
-    }
-    EXPECT_EQ(facility->value, 0xFFFFFFFF);
-}
 }  // namespace

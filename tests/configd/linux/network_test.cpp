@@ -146,37 +146,4 @@ TEST(Routes, AddedOnesAreInTheTableUntilDeleted)
         }
     });
 }
-
-TEST(Routes, RefusedOnesSayWhyAndChangeNothing)
-{
-    struct Case {
-        const char* name;
-        device::Route route;
-        int error;
-        ServiceStatus status;
-    };
-    static const Case kCases[] = {
-        {"gateway on no network", route_to(ip(10, 0, 0, 0), kMask24, ip(8, 8, 8, 8)), ENETUNREACH,
-         kStatusUnreachableGateway},
-        {"interface unknown", route_to(ip(10, 0, 0, 0), kMask24, 0, "eth7"), ENODEV, kStatusUnknownInterface},
-        {"interface switched off", route_to(ip(10, 0, 0, 0), kMask24, 0, "eth2"), ENETDOWN, kStatusUnreachableGateway},
-        {"there already", route_to(ip(192, 168, 9, 0), kMask24, ip(10, 9, 0, 1)), EEXIST, kStatusDuplicateAddress},
-        {"host bits set", route_to(ip(10, 0, 0, 1), kMask24, ip(10, 9, 0, 1)), EINVAL, kStatusValueRefused},
-        {"neither gateway nor interface", route_to(ip(10, 0, 0, 0), kMask24, 0), EINVAL, kStatusValueRefused},
-    };
-    const std::string setup =
-        kTwoPorts + " && ip link add eth2 type veth peer name eth3 && " + "ip route add 192.168.9.0/24 via 10.9.0.1";
-    in_own_network(setup, [] {
-        const std::string before = shell("ip route show");
-        for (const Case& each : kCases) {
-            EXPECT_EQ(kLinuxDevice.add_route(each.route), each.error) << each.name;
-            EXPECT_EQ(device::status_of(each.error), each.status) << each.name;
-        }
-        const device::Route connected = route_to(ip(192, 168, 1, 0), kMask24, 0);
-        EXPECT_EQ(kLinuxDevice.delete_route(connected), EPERM);
-        EXPECT_EQ(kLinuxDevice.delete_route(route_to(ip(192, 168, 9, 0), kMask24, ip(10, 9, 0, 3))), ESRCH);
-        EXPECT_EQ(shell("ip route show"), before);
-    });
-}
-
 }  // namespace
