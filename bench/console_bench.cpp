@@ -18,6 +18,7 @@
 #include <utility>
 #include <vector>
 
+#include "awake.h"
 #include "call_count.h"
 #include "pty_program.h"
 #include "session.h"
@@ -74,9 +75,10 @@ struct Summary {
 struct Result {
     std::string program;
     Summary summary;
-    double ratio = 0;      // to the floor
-    double bestRatio = 0;  // of the best tenths
-    std::optional<CallCount> counted;
+    std::string against;  // the program that the ratios are to: the floor
+    double ratio = 1;
+    double bestRatio = 1;  // of the best tenths
+    std::optional<CallCount> counted{};
     unsigned lost = 0;  // lines without an answer
 };
 
@@ -178,6 +180,18 @@ std::optional<CallCount> count(const Figure& figure, const CommandSession& comma
 
 bool asks_for(const Figure& figure, const CommandSession& command) { return command.figures.contains(figure.name); }
 
+// The last one with the floor that it names, or with the first of all.
+void compare(std::vector<Result>& results)
+{
+    Result& last = results.back();
+    const auto named = [&](const Result& each) { return each.program == last.against; };
+    const auto found = std::find_if(results.begin(), results.end(), named);
+    const Result& floor = found == results.end() ? results.front() : *found;
+    last.against = floor.program;
+    last.ratio = last.summary.median / floor.summary.median;
+    last.bestRatio = last.summary.best / floor.summary.best;
+}
+
 std::vector<Result> run(const Figure& figure, const std::vector<ProgramSession>& programs, unsigned percent)
 {
     const bool lasting = figure.kind == Kind::operation || figure.kind == Kind::paste;
@@ -188,22 +202,23 @@ std::vector<Result> run(const Figure& figure, const std::vector<ProgramSession>&
     for (Subject& subject : subjects)
         if (lasting) subject.running = at_prompt(*subject.command);
 
+    auto awake = std::make_unique<Awake>();
     const unsigned rounds = std::max(1u, figure.rounds * percent / 100), warmUp = rounds / kWarmUpShare;
     for (unsigned round = 0; round < rounds + warmUp; ++round)
         for (Subject& subject : subjects)
             if (const double sample = measure(figure, subject); round >= warmUp) subject.samples.push_back(sample);
 
+    awake.reset();  // a traced program is not always woken in the middle of it
+
     std::vector<Result> results;
     for (Subject& subject : subjects) {
         subject.running.reset();
-        Result result{*subject.name, summarize(subject.samples, is_rate(figure)), 1, 1, count(figure, *subject.command),
-                      subject.lost};
-        if (!results.empty()) {
-            const Summary& floor = results.front().summary;
-            result.ratio = result.summary.median / floor.median;
-            result.bestRatio = result.summary.best / floor.best;
-        }
-        results.push_back(std::move(result));
+        results.push_back({.program = *subject.name,
+                           .summary = summarize(subject.samples, is_rate(figure)),
+                           .against = subject.command->figures.at(figure.name).against,
+                           .counted = count(figure, *subject.command),
+                           .lost = subject.lost});
+        compare(results);
     }
     return results;
 }
@@ -243,7 +258,7 @@ std::string target_text(const Figure& figure)
     return all;
 }
 
-void print_row(const Figure& figure, const Result& result)
+void print_row(const Figure& figure, const Result& result, const Result& floor)
 {
     const Summary& s = result.summary;
     std::printf("  %-16s %9.1f  %9.1f %9.1f  %6.2fx %6.2fx", result.program.c_str(), s.median, s.lower, s.upper,
@@ -257,6 +272,7 @@ void print_row(const Figure& figure, const Result& result)
     if (result.lost > 0) std::printf("  %u lines lost", result.lost);
     if (result.program == kOurs)
         std::printf("  %s: %s", target_text(figure).c_str(), meets(figure, result) ? "met" : "NOT MET");
+    if (result.against != floor.program) std::printf("  (x %s)", result.against.c_str());
     std::printf("\n");
 }
 
@@ -273,7 +289,7 @@ void print(const Figure& figure, const std::vector<Result>& results)
     std::printf("\n%s: %s, %s\n", figure.name, figure.what, figure.unit);
     std::printf("  %-16s %9s  %9s %9s  %7s %7s  %7s %7s %8s\n", "", "median", "quartile", "quartile", "floor", "tenth",
                 "calls", "writes", "bytes");
-    for (const Result& result : results) print_row(figure, result);
+    for (const Result& result : results) print_row(figure, result, results.front());
     for (const Result& result : results)
         if (result.program == kOurs && result.counted) print_calls(result);
     std::fflush(stdout);
@@ -307,9 +323,9 @@ public:
         std::fprintf(file_,
                      "%s\n  {\"figure\": \"%s\", \"program\": \"%s\", \"unit\": \"%s\", \"median\": %.3f, "
                      "\"lowerQuartile\": %.3f, \"upperQuartile\": %.3f, \"bestTenth\": %.3f, \"samples\": %zu, "
-                     "\"ofFloor\": %.4f, \"bestTenthOfFloor\": %.4f",
+                     "\"against\": \"%s\", \"ofFloor\": %.4f, \"bestTenthOfFloor\": %.4f",
                      first_ ? "" : ",", figure.name, result.program.c_str(), figure.unit, s.median, s.lower, s.upper,
-                     s.best, s.samples, result.ratio, result.bestRatio);
+                     s.best, s.samples, result.against.c_str(), result.ratio, result.bestRatio);
         if (figure.kind == Kind::paste) std::fprintf(file_, ", \"lost\": %u", result.lost);
         if (result.counted) add_counts(result);
         if (result.program == kOurs)

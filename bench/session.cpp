@@ -134,6 +134,8 @@ private:
             figure_->after.push_back(exchange_of(words, place_));
         else if (what == "paste")
             figure_->paste = exchange_of(words, place_);
+        else if (what == "against")
+            figure_->against = words[1];
         else
             place_.refuse("unknown: " + what);
     }

@@ -10,6 +10,7 @@
 //     before  "show" "show"                sent first, not measured
 //     step    8 "a" "a"                    measured, so many times one after the other
 //     after   "\x03" "Command> "           leads back to the prompt, not measured
+//     against "floor, 2 reqs"              the program that this figure is a multiple of; without it, the first one
 //
 //     figure  paste
 //     paste   500 "help\r" "Command> "     all at once; the answer must come as often as the line
@@ -29,6 +30,7 @@ struct Exchange {
 struct FigureSession {
     std::vector<Exchange> before, steps, after;
     Exchange paste{{}, {}, 0};
+    std::string against{};
 };
 
 struct CommandSession {

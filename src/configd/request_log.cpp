@@ -154,15 +154,16 @@ void RequestLog::done(ServiceStatus status)
 {
     SystemLog& log = system_log();
     const Subject& subject = subject_of(code_);
-    const std::string outcome = outcome_of(status);
-    log.trace(subject.facility, LOG_DEBUG, "request " + std::to_string(code_) + " " + outcome);
+    if (log.traces(subject.facility, LOG_DEBUG))
+        log.trace(subject.facility, LOG_DEBUG, "request " + std::to_string(code_) + " " + outcome_of(status));
     const bool hasItsLine = status == kStatusOk ? subject.level == 0 : status == kStatusWrongPassword;
     const bool told = subject.level != 0 && log_changes(subject.level);
     if (subject.change && !hasItsLine && !(told && status == kStatusOk))
-        log_line(status == kStatusOk ? subject.level : LOG_WARNING, "%s %s", subject.change, outcome.c_str());
+        log_line(status == kStatusOk ? subject.level : LOG_WARNING, "%s %s", subject.change,
+                 outcome_of(status).c_str());
 
     log.attribute_lines_to(Facility::kSystem);
-    log.follow(log_rules(service_));  // the request may have changed them
+    if (service_.store.before()) log.follow(log_rules(service_));  // the request may have changed them
 }
 
 bool is_logged(std::uint32_t code) { return &subject_of(code) != &kUnknown; }

@@ -180,7 +180,9 @@ bool Server::send(Client& client)
     if (sent < 0) return would_block(errno);
     client.sent += static_cast<std::size_t>(sent);
     client.since = Clock::now();
-    if (client.sent == client.output.size()) client.output = {};
+    if (client.sent < client.output.size()) return true;
+    client.output.clear();  // its room is kept for the next record, but not that of a table
+    if (client.output.capacity() > kRecordSize) client.output = {};
     return true;
 }
 

@@ -37,7 +37,7 @@ void SystemLog::log(Facility facility, int level, std::string_view text)
 
 void SystemLog::trace(Facility facility, int level, std::string_view text)
 {
-    if (level <= rules_.traceUpTo[static_cast<std::size_t>(facility)]) keep(facility, level, text);
+    if (traces(facility, level)) keep(facility, level, text);
 }
 
 void SystemLog::keep(Facility facility, int level, std::string_view text)

@@ -68,6 +68,10 @@ public:
     void follow(LogRules rules) { rules_ = std::move(rules); }
     void log(Facility facility, int level, std::string_view text);
     void trace(Facility facility, int level, std::string_view text);
+    bool traces(Facility facility, int level) const
+    {
+        return level <= rules_.traceUpTo[static_cast<std::size_t>(facility)];
+    }
 
     const std::deque<LogEntry>& entries() const { return entries_; }  // newest last
 

@@ -2,6 +2,7 @@
 #include "configd/areas/system_log.h"
 
 #include <algorithm>
+#include <cstring>
 #include <syslog.h>
 #include <utility>
 
@@ -117,8 +118,9 @@ std::string system_name(const Service& service)
     for (const Area* area : areas()) {
         const auto found = std::ranges::find(area->sections, std::string_view("system"), &Section::key);
         if (found == area->sections.end()) continue;
-        Bytes image = service.store.running().values(*found);
-        return system_record::name.get(image.data());
+        const Bytes& image = service.store.running().values(*found);
+        const auto* name = reinterpret_cast<const char*>(image.data() + system_record::name.at.offset);
+        return {name, strnlen(name, system_record::name.at.width)};
     }
     return {};
 }
@@ -128,10 +130,12 @@ const Area kSystemLogArea{.sections = kSections, .lists = {}, .operations = kOpe
 
 LogRules log_rules(const Service& service)
 {
-    const Bytes& log = service.store.running().values(kLog);
+    const Configuration& running = service.store.running();
+    const Bytes &log = running.values(kLog), &logStates = running.values(kLogStates),
+                &traceStates = running.values(kTraceStates);
     LogRules rules;
     for (std::size_t i = 0; i < kFacilities; i++) {
-        const std::uint8_t logged = state_of(service, kLogStates, i), traced = state_of(service, kTraceStates, i);
+        const std::uint8_t logged = logStates[kFirstState + i], traced = traceStates[kFirstState + i];
         rules.logUpTo[i] = logged == kFacilityOn ? level.get(log.data()) : logged;
         rules.traceUpTo[i] = traced == kFacilityOn ? std::uint8_t{LOG_DEBUG} : traced;
     }
