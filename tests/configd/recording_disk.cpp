@@ -250,7 +250,7 @@ std::uint64_t RecordingDisk::cut(std::size_t after, const std::function<void(con
         }
         std::vector<const std::string*> found;
         for (const auto& each : choices) {
-            found.push_back(&each[way % each.size()]);
+            found.push_back(&each[static_cast<std::size_t>(way % each.size())]);
             way /= each.size();
         }
         left(image(entries, found));
