@@ -118,6 +118,7 @@ TEST_F(Changes, OfARequestThatIsTakenBackAreNone)
     dhcp_record::state.set(made, dhcp_record::kDisabled);
     system_log().log(Facility::kSystem, LOG_NOTICE, "mark");
     EXPECT_EQ(ask(made), kStatusStorageFull);
+    EXPECT_TRUE(payload_is_empty()) << "a refusal carries nothing";
     const auto lines = lines_since("mark");
     EXPECT_NE(lines.back().find("DHCP server settings refused: "), std::string::npos) << lines.back();
     for (const std::string& line : lines) EXPECT_EQ(line.find("changed from"), std::string::npos) << line;

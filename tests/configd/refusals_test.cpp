@@ -4,6 +4,7 @@
 #include "configd/areas/firewall.h"
 #include "configd/areas/system_log.h"
 #include "configd/system_log.h"
+#include "configd/table_sizes.h"
 #include "service/fields/address.h"
 #include "service/fields/ddns.h"
 #include "service/fields/dhcp.h"
@@ -360,14 +361,13 @@ TEST_F(Refusals, OfRequests)
 TEST_F(Refusals, OfAFullTable)
 {
     std::uint32_t status = kStatusOk;
-    unsigned added = 0;
-    for (; status == kStatusOk && added < 256; added++) {
-        const char mac[] = {2, 0, 0x5e, 0, 0, static_cast<char>(added), 0};
-        status = ask(peer(code::kAddWdsPeer, std::to_string(added).c_str(), mac));
+    for (char last = 1; status == kStatusOk && last < 100; last++) {
+        const char mac[] = {2, 0, 0x5e, 0, 0, last, 0};
+        status = ask(peer(code::kAddWdsPeer, std::to_string(last).c_str(), mac));
     }
     EXPECT_EQ(status, kStatusPeerTableFull);
     ask(code::kReadWdsPeers);
-    EXPECT_EQ(wds_record::count.get(answer.record), added - 1);
+    EXPECT_EQ(wds_record::count.get(answer.record), kMostWdsPeers);
 }
 
 TEST_F(Refusals, OfAStoredFileToo)

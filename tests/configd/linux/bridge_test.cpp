@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cerrno>
 #include <sys/mount.h>
 
@@ -26,9 +27,7 @@ TEST(Bridge, ShowsPortsAndSwitchesTheSpanningTree)
         EXPECT_EQ(bridge.ports[0].number, 1);
         EXPECT_GT(bridge.ports[0].cost, 0u);
         EXPECT_EQ(bridge.id.size(), sizeof "8000.02005e100001" - 1) << bridge.id;
-        ASSERT_FALSE(bridge.entries.empty());
-        EXPECT_TRUE(bridge.entries[0].own);
-        EXPECT_EQ(bridge.entries[0].port, 1);
+        EXPECT_TRUE(std::ranges::any_of(bridge.entries, [](const auto& each) { return each.own && each.port == 1; }));
 
         ASSERT_EQ(device::set_bridge_stp("br0", true), 0);
         ASSERT_EQ(device::read_bridge("br0", bridge), 0);
