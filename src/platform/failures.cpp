@@ -14,7 +14,8 @@ void __glibcxx_assert_fail(const char*, int, const char*, const char*) noexcept 
 [[noreturn]] void __throw_out_of_range_fmt(const char* format, ...);
 void __throw_out_of_range_fmt(const char*, ...) { std::abort(); }
 
-// All that ours and what is linked with it call: one missing here would bring the library's own, and each of these twice.
+// All that ours and what is linked with it call: one missing here would bring the library's own, and each of these
+// twice.
 [[noreturn]] void __throw_bad_alloc();
 void __throw_bad_alloc() { std::abort(); }
 [[noreturn]] void __throw_bad_array_new_length();
