@@ -49,6 +49,19 @@ TEST_P(SmartEdit, LeavesLineAndScreen)
 }
 INSTANTIATE_TEST_SUITE_P(Keys, SmartEdit, testing::ValuesIn(kCases), [](const auto& c) { return c.param.name; });
 
+TEST(SmartEditValues, BackspaceTakesTheValueBack)
+{
+    TypingSession session;
+    session.type("add mac filter lab 00-11-22-33-44-55 ");
+    EXPECT_EQ(session.slot.call.parms.count, 3u) << "a MAC address takes two words";
+    session.type("<backspace>");
+    EXPECT_EQ(session.slot.call.parms.count, 1u);
+    session.type("<backspace>6 ");
+    EXPECT_EQ(session.slot.call.parms.count, 3u);
+    session.type("<ctrl-l>");
+    EXPECT_EQ(session.slot.call.parms.count, 0u);
+}
+
 TEST(SmartEditMemory, WithoutANodeLeftTheEditorIsInNormalMode)
 {
     TypingSession session;

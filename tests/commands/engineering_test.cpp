@@ -1,9 +1,10 @@
-// The engineering commands.
+// The engineering and bridge commands.
 #include "commands/command_session.h"
+#include "service/fields/bridge.h"
 #include "service/fields/engineering.h"
 
 namespace {
-constexpr std::uint32_t kPreKeyWrite = 188;
+constexpr std::uint32_t kPreKeyWrite = 188, kShowStp = 117;
 
 using Engineering = CommandSession;
 
@@ -25,4 +26,9 @@ TEST_F(Engineering, APresetKeyGoesOutOnceAndIsForgotten)
     EXPECT_EQ(kept.find("0A-1B"), kept.npos);
 }
 
+TEST_F(Engineering, ABridgeOfMorePortsThanARecordHasIsShown)
+{
+    bridge_record::ports.set(record(code::kReadBridgeTable), 0xFFFF);
+    EXPECT_FALSE(RunningAction(kShowStp).run().empty());
+}
 }  // namespace

@@ -43,6 +43,13 @@ TEST_F(ManagementAccess, TheHttpPortChangesOnlyAfterAYes)
     EXPECT_TRUE(was_sent(written(httpPort, 65535)));
 }
 
+TEST_F(ManagementAccess, HttpAndTelnetDoNotShareAPort)
+{
+    for (const auto& [command, taken] : {std::pair<Action, Word>{CliSetHttpPort, 23}, {CliSetTelnetPort, 80}})
+        EXPECT_EQ(run(command, {taken}), refusal("Port number is already in use"));
+    EXPECT_EQ(sent(code::kWriteManagement), 0u);
+}
+
 TEST_F(ManagementAccess, TheAnswersDecideWhichClientsMayComeIn)
 {
     struct {
