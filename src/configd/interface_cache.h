@@ -1,5 +1,5 @@
-// The machine's interfaces as the kernel last told of them, so that a request that shows an address or a link costs one
-// system call and no two dumps of the kernel's tables. Counters in it are old: who shows those reads the device.
+// The machine's interfaces as they were at the last change, so that a request that shows an address or a link needs no
+// dump of the kernel's tables. Counters in it are old: who shows those reads the device.
 #pragma once
 
 #include "configd/linux/device.h"
@@ -7,20 +7,17 @@
 class InterfaceCache {
 public:
     explicit InterfaceCache(const Device& device) : device_(device) {}
-    ~InterfaceCache();
-    InterfaceCache(InterfaceCache&& other) noexcept;
-    InterfaceCache& operator=(InterfaceCache&&) = delete;
 
-    // From now on what was read is kept until the kernel tells of a change. Where it cannot tell, and before this,
-    // every call reads the device.
-    void watch();
+    // From now on what was read is kept until forget. Before this every call reads the device.
+    void keep() { keeps_ = true; }
+    // The kernel has told of a change, or the service itself has made one.
+    void forget() { isCurrent_ = false; }
 
     // 0 or an errno value, and then `table` is empty.
     int read(std::vector<device::Interface>& table);
 
 private:
     const Device& device_;
-    int changes_ = -1;
-    bool isCurrent_ = false;
+    bool keeps_ = false, isCurrent_ = false;
     std::vector<device::Interface> kept_{};
 };

@@ -135,7 +135,7 @@ int serve(Service& service, const std::string& socketPath, int signals)
         log_line(LOG_ERR, "the firewall rules could not be written: %s", std::strerror(error));
 
     const int changes = device::watch_interfaces();  // open until the process ends
-    service.interfaces.watch();
+    if (changes >= 0) service.interfaces.keep();     // else nobody would tell that they have changed
     restore_routes(service);
 
     Server server([&service](const ComParam& request, Answer& answer, const Asker& asker) {
@@ -144,6 +144,7 @@ int serve(Service& service, const std::string& socketPath, int signals)
     if (const int error = server.listen(socketPath)) return fail(socketPath, error);
     server.watch(changes, [&service, changes] {
         device::drain_changes(changes);
+        service.interfaces.forget();
         restore_routes(service);
     });
     log_line(LOG_INFO, "listening at %s", socketPath.c_str());

@@ -119,6 +119,7 @@ int apply_lan(const Service& service, const Bytes& before)
     const std::string carrier = lan_carrier(service.profile);
     if (!service.profile.manageAddresses || mode.get(lan.data()) != kStatic || carrier.empty()) return 0;
     int error = service.device.set_address(carrier.c_str(), address.get(lan.data()), netmask.get(lan.data()));
+    service.interfaces.forget();
     if (error == 0) error = apply_router(service, carrier, router_of(before), router_of(lan));
     if (error == 0) error = apply_name_server(service, primaryDns.get(before.data()), primaryDns.get(lan.data()));
     return error;

@@ -21,11 +21,10 @@ int watch_interfaces()
 }
 
 // What it says is not looked at: whoever waits for a change reads the tables anew, and so a lost message does no harm.
-bool drain_changes(int descriptor)
+void drain_changes(int descriptor)
 {
     char message[4096];
-    bool told = false;
-    while (recv(descriptor, message, sizeof message, 0) >= 0 || errno == EINTR || errno == ENOBUFS) told = true;
-    return told;
+    while (recv(descriptor, message, sizeof message, 0) >= 0 || errno == EINTR || errno == ENOBUFS) {
+    }
 }
 }  // namespace device

@@ -5,6 +5,6 @@ namespace device {
 // A descriptor of the caller's that is readable after a change; -1 and errno: the system does not tell.
 int watch_interfaces();
 
-// What it has told so far is done with. Whether it had told anything.
-bool drain_changes(int descriptor);
+// What it has told so far is done with.
+void drain_changes(int descriptor);
 }  // namespace device
